@@ -35,7 +35,8 @@ class TextReader
 public:
     explicit TextReader(std::string_view text) : m_rest(text) {}
 
-    /** Reads the next line. False at the end of the text, and where a line is malformed: see error(). */
+    /** Reads the next line. False at the end of the text, and where a line is malformed: see
+     * error(). */
     bool next(Line& line);
 
     /** What was wrong, for a person to read; a static text, or null where nothing was. */

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef PPS_JSONSCANNER_H
+#define PPS_JSONSCANNER_H
+
+#include "Fault.h"
+#include "JsonString.h"
+#include "Number.h"
+
+#include <pps/export.h>
+
+#include <bitset>
+#include <cstddef>
+#include <cstring>
+
+namespace pps {
+
+/**
+ * Reads one JSON value (RFC 8259) and reports what it finds to a handler, in the text's order:
+ *
+ *     bool start(bool object)        an object or an array begins
+ *     void end()                     the innermost one ends
+ *     void name(JsonString)          the name of the member that comes next
+ *     bool string(JsonString)
+ *     bool number(Number)
+ *     bool boolean(bool)
+ *     bool null()
+ *
+ * A handler that returns false is out of memory. Nesting costs a bit a level and no stack.
+ */
+template<class Handler>
+class JsonScanner
+{
+public:
+    /** The text is valid UTF-8 without NUL. */
+    JsonScanner(const char* begin, const char* end, Handler& handler)
+        : m_cursor(begin), m_end(end), m_handler(handler)
+    {
+    }
+
+    /** Reads a text that is one object, array or null. */
+    const Fault* scanStructureOrNull() { return scanRoot("{[n", faults::JsonRoot); }
+
+    /** Reads a text that is one object. It counts as a level of its own, beyond PPS_MAX_DEPTH. */
+    const Fault* scanMessage()
+    {
+        m_maxDepth = PPS_MAX_DEPTH + 1;
+        return scanRoot("{", faults::JsonObject);
+    }
+
+private:
+    const Fault* scanRoot(const char* permittedStarts, const Fault& otherwise)
+    {
+        skipSpace();
+        if (m_cursor == m_end || !std::strchr(permittedStarts, *m_cursor))
+            return &otherwise;
+        do {
+            if (const Fault* fault = scanValue())
+                return fault;
+            if (const Fault* fault = scanAfterValue())
+                return fault;
+        } while (m_depth != 0);
+        return m_cursor == m_end ? nullptr : &faults::JsonTrailing;
+    }
+
+    /** Reads a value that is not a container, or goes into containers as far as their first values.
+     */
+    const Fault* scanValue()
+    {
+        for (;;) {
+            skipSpace();
+            switch (peek()) {
+            case '{':
+                if (const Fault* fault = open(true))
+                    return fault;
+                if (peek() == '}')
+                    return nullptr;
+                if (const Fault* fault = scanName())
+                    return fault;
+                break;
+            case '[':
+                if (const Fault* fault = open(false))
+                    return fault;
+                if (peek() == ']')
+                    return nullptr;
+                break;
+            default:
+                return scanScalar();
+            }
+        }
+    }
+
+    /** Closes containers that end here, and goes on to where the next value must stand. */
+    const Fault* scanAfterValue()
+    {
+        skipSpace();
+        while (m_depth != 0) {
+            if (peek() == ',') {
+                ++m_cursor;
+                return inObject() ? scanName() : nullptr;
+            }
+            if (peek() != (inObject() ? '}' : ']'))
+                return &faults::JsonComma;
+            ++m_cursor;
+            --m_depth;
+            m_handler.end();
+            skipSpace();
+        }
+        return nullptr;
+    }
+
+    const Fault* scanScalar()
+    {
+        switch (peek()) {
+        case '"': {
+            JsonString string;
+            ++m_cursor;
+            if (const Fault* fault = scanJsonString(m_cursor, m_end, string))
+                return fault;
+            return report(m_handler.string(string));
+        }
+        case 't':
+            return takeWord("true") ? report(m_handler.boolean(true)) : &faults::JsonValue;
+        case 'f':
+            return takeWord("false") ? report(m_handler.boolean(false)) : &faults::JsonValue;
+        case 'n':
+            return takeWord("null") ? report(m_handler.null()) : &faults::JsonValue;
+        default: {
+            if (peek() != '-' && (peek() < '0' || peek() > '9'))
+                return &faults::JsonValue;
+            Number number;
+            if (const Fault* fault = scanNumber(m_cursor, m_end, number))
+                return fault;
+            return report(m_handler.number(number));
+        }
+        }
+    }
+
+    const Fault* scanName()
+    {
+        skipSpace();
+        if (peek() != '"')
+            return &faults::JsonName;
+        ++m_cursor;
+        JsonString name;
+        if (const Fault* fault = scanJsonString(m_cursor, m_end, name))
+            return fault;
+        skipSpace();
+        if (peek() != ':')
+            return &faults::JsonColon;
+        ++m_cursor;
+        m_handler.name(name);
+        return nullptr;
+    }
+
+    const Fault* open(bool object)
+    {
+        if (m_depth == m_maxDepth)
+            return &faults::TooDeep;
+        ++m_cursor;
+        m_objects[m_depth++] = object;
+        skipSpace();
+        return report(m_handler.start(object));
+    }
+
+    template<std::size_t Size>
+    bool takeWord(const char (&word)[Size])
+    {
+        constexpr std::size_t Length = Size - 1;
+        if (static_cast<std::size_t>(m_end - m_cursor) < Length ||
+            std::memcmp(m_cursor, word, Length) != 0)
+            return false;
+        m_cursor += Length;
+        return true;
+    }
+
+    void skipSpace()
+    {
+        while (peek() == ' ' || peek() == '\t' || peek() == '\n' || peek() == '\r')
+            ++m_cursor;
+    }
+
+    static const Fault* report(bool taken) { return taken ? nullptr : &faults::OutOfMemory; }
+    bool inObject() const { return m_objects[m_depth - 1]; }
+
+    /** The next byte; NUL, which the text does not hold, at its end. */
+    char peek() const { return m_cursor != m_end ? *m_cursor : '\0'; }
+
+    const char* m_cursor;
+    const char* const m_end;
+    Handler& m_handler;
+    std::size_t m_depth = 0;
+    std::size_t m_maxDepth = PPS_MAX_DEPTH;
+    std::bitset<PPS_MAX_DEPTH + 1> m_objects; ///< for each open level, whether it is an object
+};
+
+} // namespace pps
+
+#endif
