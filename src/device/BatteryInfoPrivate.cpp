@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "BatteryInfoPrivate.h"
+
+#include <cmath>
+#include <limits>
+
+namespace tamo {
+namespace device {
+
+namespace {
+
+constexpr int unknownLevel = -1;
+constexpr int fullLevel = 100;
+
+/** The nearest integer; unknownLevel where there is none. */
+int integerOf(double number)
+{
+    const double rounded = std::round(number);
+    const bool fits =
+        rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max();
+    return fits ? static_cast<int>(rounded) : unknownLevel;
+}
+
+int levelFrom(const QVariantMap& pps)
+{
+    const QVariant charge =
+        pps.value(QStringLiteral("@battery")).toMap().value(QStringLiteral("StateOfCharge"));
+    if (charge.userType() == QMetaType::Double)
+        return integerOf(charge.toDouble());
+    bool converted = false;
+    const int level = charge.toString().toInt(&converted);
+    return converted ? level : unknownLevel;
+}
+
+BatteryInfo::ChargingState chargingStateFrom(const QVariantMap& pps, int level)
+{
+    const QString charger = pps.value(QStringLiteral("@charger"))
+                                .toMap()
+                                .value(QStringLiteral("ChargerInfo"))
+                                .toString();
+    if (charger == QLatin1String("NONE"))
+        return BatteryInfo::Discharging;
+    if (charger == QLatin1String("CHARGE"))
+        return BatteryInfo::Charging;
+    if (charger == QLatin1String("PLUGGED"))
+        return level == fullLevel ? BatteryInfo::Full : BatteryInfo::NotCharging;
+    return BatteryInfo::UnknownChargingState;
+}
+
+} // namespace
+
+BatteryInfoPrivate::BatteryInfoPrivate(BatteryInfo* info)
+    : q(info)
+    , battery(QStringLiteral("/pps/services/power/battery"))
+    , charger(QStringLiteral("/pps/services/power/charger"))
+    , level(levelFrom(battery.read()))
+    , chargingState(chargingStateFrom(charger.read(), level))
+{
+    connect(&battery, SIGNAL(received(QVariantMap)), this, SLOT(onPpsBattery(QVariantMap)));
+    connect(&charger, SIGNAL(received(QVariantMap)), this, SLOT(onPpsCharger(QVariantMap)));
+}
+
+// In both slots the emission is the last that is done: a receiver may delete the BatteryInfo.
+
+void BatteryInfoPrivate::onPpsBattery(const QVariantMap& pps)
+{
+    level = levelFrom(pps);
+    Q_EMIT q->levelChanged(level, chargingState);
+}
+
+void BatteryInfoPrivate::onPpsCharger(const QVariantMap& pps)
+{
+    chargingState = chargingStateFrom(pps, level);
+    Q_EMIT q->levelChanged(level, chargingState);
+}
+
+} // namespace device
+} // namespace tamo

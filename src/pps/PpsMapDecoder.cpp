@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PpsMapDecoder.h"
+
+#include <tamo/Exception.h>
+
+#include <cstring>
+
+namespace tamo {
+
+namespace {
+
+void check(int result)
+{
+    if (result != 0)
+        throw Exception();
+}
+
+} // namespace
+
+PpsMapDecoder::PpsMapDecoder(const QByteArray& text)
+{
+    const size_t size = static_cast<size_t>(text.size());
+    // The decoder would take the text to end there.
+    if (size != 0 && std::memchr(text.constData(), '\0', size) != nullptr)
+        throw Exception();
+    m_text.append(text.constData(), text.size());
+    m_text.append('\0');
+    if (pps_decoder_initialize(&m_decoder, m_text.data()) != 0) {
+        pps_decoder_cleanup(&m_decoder);
+        throw Exception();
+    }
+}
+
+PpsMapDecoder::~PpsMapDecoder()
+{
+    pps_decoder_cleanup(&m_decoder);
+}
+
+QVariantMap PpsMapDecoder::members()
+{
+    QVariantMap map;
+    const int length = pps_decoder_length(&m_decoder);
+    for (int index = 0; index < length; ++index) {
+        check(pps_decoder_goto_index(&m_decoder, index));
+        const QString name = QString::fromUtf8(pps_decoder_name(&m_decoder));
+        // Text that encode() wrote is in the map's own order, and the end is then the place; for
+        // any other text the map looks for the place itself.
+        map.insert(map.cend(), name, value());
+    }
+    return map;
+}
+
+QVariant PpsMapDecoder::value()
+{
+    switch (pps_decoder_type(&m_decoder, nullptr)) {
+    case PPS_TYPE_BOOL: {
+        bool boolean = false;
+        check(pps_decoder_get_bool(&m_decoder, nullptr, &boolean));
+        return boolean;
+    }
+    case PPS_TYPE_NUMBER: {
+        double number = 0;
+        check(pps_decoder_get_double(&m_decoder, nullptr, &number));
+        return number;
+    }
+    case PPS_TYPE_STRING: {
+        const char* string = nullptr;
+        check(pps_decoder_get_string(&m_decoder, nullptr, &string));
+        return QString::fromUtf8(string);
+    }
+    case PPS_TYPE_ARRAY: {
+        check(pps_decoder_push(&m_decoder, nullptr));
+        QVariant list = elements();
+        check(pps_decoder_pop(&m_decoder));
+        return list;
+    }
+    case PPS_TYPE_OBJECT: {
+        check(pps_decoder_push(&m_decoder, nullptr));
+        QVariant map = members();
+        check(pps_decoder_pop(&m_decoder));
+        return map;
+    }
+    case PPS_TYPE_NULL:
+    case PPS_TYPE_NONE:
+    case PPS_TYPE_UNKNOWN:
+    case PPS_TYPE_DELETED:
+        break;
+    }
+    return QVariant();
+}
+
+QVariantList PpsMapDecoder::elements()
+{
+    QVariantList list;
+    const int length = pps_decoder_length(&m_decoder);
+    list.reserve(length);
+    for (int index = 0; index < length; ++index) {
+        check(pps_decoder_goto_index(&m_decoder, index));
+        list.append(value());
+    }
+    return list;
+}
+
+} // namespace tamo

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMO_PPS_PPSMAPDECODER_H
+#define TAMO_PPS_PPSMAPDECODER_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QVarLengthArray>
+#include <QtCore/QVariant>
+
+#include <pps/decoder.h>
+
+namespace tamo {
+
+/** Turns PPS text into a map. Its functions throw tamo::Exception for malformed text. */
+class PpsMapDecoder
+{
+public:
+    /** Parses a copy of the text. */
+    explicit PpsMapDecoder(const QByteArray& text);
+    ~PpsMapDecoder();
+    PpsMapDecoder(const PpsMapDecoder&) = delete;
+    PpsMapDecoder& operator=(const PpsMapDecoder&) = delete;
+
+    /** The members of the object that the decoder is in, which is at first the whole text. */
+    QVariantMap members();
+
+private:
+    QVariant value();
+    QVariantList elements();
+
+    QVarLengthArray<char, 2048> m_text;
+    pps_decoder_t m_decoder;
+};
+
+} // namespace tamo
+
+#endif
