@@ -39,22 +39,39 @@ constexpr std::uint64_t notAscii(std::uint64_t word)
 
 } // namespace bytes
 
+/** The `count` bytes at `from`, at most 8 of them, as a word that is zero above them. */
+inline std::uint64_t load(const char* from, std::size_t count)
+{
+    const auto load32 = [](const char* place) {
+        std::uint32_t half;
+        std::memcpy(&half, place, sizeof half);
+        return std::uint64_t(le32toh(half));
+    };
+    const auto load8 = [](const char* place) {
+        return std::uint64_t(static_cast<unsigned char>(*place));
+    };
+    // Loads that overlap take any count without a loop.
+    if (count >= 4)
+        return load32(from) | load32(from + count - 4) << 8 * (count - 4);
+    if (count == 0)
+        return 0;
+    return load8(from) | load8(from + count / 2) << 8 * (count / 2) |
+           load8(from + count - 1) << 8 * (count - 1);
+}
+
 /** The first byte in the text that the matcher matches, or `end`. */
 template<class Matcher>
 const char* find(const char* cursor, const char* end, Matcher matcher)
 {
     constexpr std::ptrdiff_t WordSize = sizeof(std::uint64_t);
     for (; end - cursor >= WordSize; cursor += WordSize) {
-        std::uint64_t word;
-        std::memcpy(&word, cursor, sizeof word);
-        if (const std::uint64_t mask = matcher(le64toh(word)))
+        if (const std::uint64_t mask = matcher(load(cursor, WordSize)))
             return cursor + __builtin_ctzll(mask) / 8;
     }
-    for (; cursor != end; ++cursor) {
-        if (matcher(bytes::Ones * static_cast<unsigned char>(*cursor)))
-            return cursor;
-    }
-    return end;
+    const auto rest = static_cast<std::size_t>(end - cursor);
+    const std::uint64_t word = load(cursor, rest);
+    const std::uint64_t mask = matcher(word) & ~(~std::uint64_t(0) << 8 * rest);
+    return mask ? cursor + __builtin_ctzll(mask) / 8 : end;
 }
 
 } // namespace pps

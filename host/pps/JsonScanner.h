@@ -31,7 +31,6 @@ template<class Handler>
 class JsonScanner
 {
 public:
-    /** The text is valid UTF-8 without NUL. */
     JsonScanner(const char* begin, const char* end, Handler& handler)
         : m_cursor(begin), m_end(end), m_handler(handler)
     {
@@ -46,6 +45,9 @@ public:
         m_maxDepth = PPS_MAX_DEPTH + 1;
         return scanRoot("{", faults::JsonObject);
     }
+
+    /** How many line ends were passed. */
+    std::size_t lineEnds() const { return m_lineEnds; }
 
 private:
     const Fault* scanRoot(const char* permittedStarts, const Fault& otherwise)
@@ -175,14 +177,14 @@ private:
 
     void skipSpace()
     {
-        while (peek() == ' ' || peek() == '\t' || peek() == '\n' || peek() == '\r')
-            ++m_cursor;
+        for (; peek() == ' ' || peek() == '\t' || peek() == '\n' || peek() == '\r'; ++m_cursor)
+            m_lineEnds += peek() == '\n';
     }
 
     static const Fault* report(bool taken) { return taken ? nullptr : &faults::OutOfMemory; }
     bool inObject() const { return m_objects[m_depth - 1]; }
 
-    /** The next byte; NUL, which the text does not hold, at its end. */
+    /** The next byte; at the end of the text NUL, which stands for nothing in JSON. */
     char peek() const { return m_cursor != m_end ? *m_cursor : '\0'; }
 
     const char* m_cursor;
@@ -190,6 +192,7 @@ private:
     Handler& m_handler;
     std::size_t m_depth = 0;
     std::size_t m_maxDepth = PPS_MAX_DEPTH;
+    std::size_t m_lineEnds = 0;
     std::bitset<PPS_MAX_DEPTH + 1> m_objects; ///< for each open level, whether it is an object
 };
 

@@ -99,7 +99,8 @@ const Fault* takeEscape(const char*& cursor, const char* end, std::uint32_t& cod
 
 std::uint64_t matchSpecial(std::uint64_t word)
 {
-    return bytes::equal(word, '"') | bytes::equal(word, '\\') | bytes::below(word, ' ');
+    return bytes::equal(word, '"') | bytes::equal(word, '\\') | bytes::below(word, ' ') |
+           bytes::notAscii(word);
 }
 
 } // namespace
@@ -116,12 +117,19 @@ const Fault* scanJsonString(const char*& cursor, const char* end, JsonString& st
             string.end = cursor++;
             return nullptr;
         }
-        if (*cursor != '\\')
+        if (*cursor == '\\') {
+            std::uint32_t codePoint;
+            if (const Fault* fault = takeEscape(cursor, end, codePoint))
+                return fault;
+            string.escaped = true;
+            continue;
+        }
+        if ((*cursor & 0x80) == 0)
             return &faults::JsonControl;
-        std::uint32_t codePoint;
-        if (const Fault* fault = takeEscape(cursor, end, codePoint))
-            return fault;
-        string.escaped = true;
+        const std::size_t length = utf8::sequenceLength(cursor, end);
+        if (length == 0)
+            return &faults::Utf8;
+        cursor += length;
     }
 }
 

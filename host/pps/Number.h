@@ -16,8 +16,6 @@ struct Number
         std::int64_t integer;
         double real;
     };
-
-    double toDouble() const { return isInteger ? static_cast<double>(integer) : real; }
 };
 
 /**

@@ -43,7 +43,6 @@ typedef struct pps_encoder {
     size_t capacity;
     uint32_t depth;
     bool raw;
-    bool has_member;
     uint8_t containers[PPS_MAX_DEPTH / 8];
     char inline_data[512];
 } pps_encoder_t;
