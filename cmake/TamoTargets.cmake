@@ -46,6 +46,7 @@ function(tamo_add_program target)
     add_executable(${target} ${ARGN})
     target_link_libraries(${target} PRIVATE tamo_build_options)
     _tamo_set_rpath(${target} ${CMAKE_INSTALL_BINDIR})
+    set_property(GLOBAL APPEND PROPERTY TAMO_PROGRAMS ${target})
     install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endfunction()
 
@@ -56,6 +57,7 @@ function(tamo_add_helper_program target)
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${TAMO_LIBEXEC_OUTPUT_DIRECTORY})
     _tamo_set_rpath(${target} ${CMAKE_INSTALL_LIBEXECDIR}/tamo)
+    set_property(GLOBAL APPEND PROPERTY TAMO_PROGRAMS ${target})
     install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/tamo)
 endfunction()
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BatteryInfoPrivate.h"
 
-#include <cmath>
 #include <limits>
 
 namespace tamo {
@@ -15,10 +14,9 @@ constexpr int fullLevel = 100;
 /** The nearest integer; unknownLevel where there is none. */
 int integerOf(double number)
 {
-    const double rounded = std::round(number);
-    const bool fits =
-        rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max();
-    return fits ? static_cast<int>(rounded) : unknownLevel;
+    const bool fits = number > std::numeric_limits<int>::min() - 0.5 &&
+                      number < std::numeric_limits<int>::max() + 0.5;
+    return fits ? static_cast<int>(qRound64(number)) : unknownLevel;
 }
 
 int levelFrom(const QVariantMap& pps)

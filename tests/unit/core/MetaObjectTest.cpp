@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: Apache-2.0
+// What each class with a meta-object shows of itself, entry by entry. A new class adds its rows.
+#include "device/BatteryInfoPrivate.h"
+#include "pps/PpsAccessorPrivate.h"
+
+#include <tamo/PpsAccessor.h>
+#include <tamo/PpsObject.h>
+#include <tamo/device/BatteryInfo.h>
+
+#include <QMetaEnum>
+#include <QMetaMethod>
+#include <QMetaObject>
+#include <QMetaProperty>
+#include <QVariant>
+
+#include <gmock/gmock.h>
+
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using tamo::PpsAccessor;
+using tamo::PpsAccessorPrivate;
+using tamo::PpsObject;
+using tamo::device::BatteryInfo;
+using tamo::device::BatteryInfoPrivate;
+using tamo::device::detail::PpsHelper;
+
+// Types are compared as Qt knows them, since Qt 5 and Qt 6 spell some of them differently.
+template <typename T>
+const int type = qMetaTypeId<T>();
+const int noValue = QMetaType::Void;
+
+struct Parameter
+{
+    int type;
+    std::string name;
+};
+
+struct Method
+{
+    QMetaMethod::MethodType kind;
+    QMetaMethod::Access access;
+    int returnType;
+    std::string name;
+    std::vector<Parameter> parameters;
+};
+
+struct Property
+{
+    std::string name;
+    int type;
+    bool writable;
+    bool resettable;
+    bool constant;
+    std::string notifySignal;
+};
+
+struct Enumeration
+{
+    std::string name;
+    bool isFlag;
+    std::vector<std::pair<std::string, int>> keys;
+};
+
+struct Class
+{
+    const QMetaObject* metaObject;
+    std::string name;
+    const QMetaObject* superClass;
+    std::vector<Method> methods;
+    std::vector<Property> properties;
+    std::vector<Enumeration> enumerations;
+};
+
+Method signal(const std::string& name, std::vector<Parameter> parameters = {})
+{
+    return {QMetaMethod::Signal, QMetaMethod::Public, noValue, name, std::move(parameters)};
+}
+
+Method slot(QMetaMethod::Access access, int returnType, const std::string& name,
+            std::vector<Parameter> parameters = {})
+{
+    return {QMetaMethod::Slot, access, returnType, name, std::move(parameters)};
+}
+
+const std::vector<Class>& classes()
+{
+    static const std::vector<Class> table = {
+        {&PpsObject::staticMetaObject,
+         "tamo::PpsObject",
+         &QObject::staticMetaObject,
+         {signal("readyRead"),
+          slot(QMetaMethod::Public, noValue, "setReadyReadEnabled", {{type<bool>, "enable"}})},
+         {},
+         {}},
+        {&PpsAccessor::staticMetaObject,
+         "tamo::PpsAccessor",
+         &QObject::staticMetaObject,
+         {signal("received", {{type<QVariantMap>, "ppsData"}}),
+          signal("unparsableDataReceived", {{type<QByteArray>, "rawData"}}),
+          slot(QMetaMethod::Public, type<bool>, "send", {{type<QVariantMap>, "ppsData"}})},
+         {},
+         {}},
+        {&PpsAccessorPrivate::staticMetaObject,
+         "tamo::PpsAccessorPrivate",
+         &QObject::staticMetaObject,
+         {slot(QMetaMethod::Private, noValue, "readyRead")},
+         {},
+         {}},
+        {&BatteryInfo::staticMetaObject,
+         "tamo::device::BatteryInfo",
+         &QObject::staticMetaObject,
+         {signal("levelChanged", {{type<int>, "level"},
+                                  {type<BatteryInfo::ChargingState>, "chargingState"}})},
+         {{"level", type<int>, false, false, false, "levelChanged"},
+          {"chargingState", type<BatteryInfo::ChargingState>, false, false, false,
+           "levelChanged"}},
+         {{"ChargingState",
+           false,
+           {{"UnknownChargingState", 0},
+            {"NotCharging", 1},
+            {"Charging", 2},
+            {"Discharging", 3},
+            {"Full", 4}}}}},
+        {&BatteryInfoPrivate::staticMetaObject,
+         "tamo::device::BatteryInfoPrivate",
+         &QObject::staticMetaObject,
+         {slot(QMetaMethod::Public, noValue, "onPpsBattery", {{type<QVariantMap>, "pps"}}),
+          slot(QMetaMethod::Public, noValue, "onPpsCharger", {{type<QVariantMap>, "pps"}})},
+         {},
+         {}},
+        {&PpsHelper::staticMetaObject,
+         "tamo::device::detail::PpsHelper",
+         &QObject::staticMetaObject,
+         {signal("received", {{type<QVariantMap>, "ppsData"}})},
+         {},
+         {}},
+    };
+    return table;
+}
+
+class MetaObject : public testing::TestWithParam<Class>
+{
+protected:
+    const Class& expected = GetParam();
+    const QMetaObject& actual = *GetParam().metaObject;
+};
+
+TEST_P(MetaObject, HasItsNameAndSuperclass)
+{
+    EXPECT_EQ(actual.className(), expected.name);
+    EXPECT_EQ(actual.superClass(), expected.superClass);
+}
+
+TEST_P(MetaObject, HasItsMethodsInOrder)
+{
+    ASSERT_EQ(actual.methodCount() - actual.methodOffset(),
+              static_cast<int>(expected.methods.size()));
+    for (std::size_t i = 0; i < expected.methods.size(); ++i) {
+        const Method& method = expected.methods[i];
+        const QMetaMethod found = actual.method(actual.methodOffset() + static_cast<int>(i));
+        SCOPED_TRACE(found.methodSignature().toStdString());
+        EXPECT_EQ(found.name().toStdString(), method.name);
+        EXPECT_EQ(found.methodType(), method.kind);
+        EXPECT_EQ(found.access(), method.access);
+        EXPECT_EQ(found.returnType(), method.returnType);
+        ASSERT_EQ(found.parameterCount(), static_cast<int>(method.parameters.size()));
+        for (int p = 0; p < found.parameterCount(); ++p) {
+            const Parameter& parameter = method.parameters[static_cast<std::size_t>(p)];
+            EXPECT_EQ(found.parameterType(p), parameter.type);
+            EXPECT_EQ(found.parameterNames().at(p).toStdString(), parameter.name);
+        }
+    }
+}
+
+TEST_P(MetaObject, HasItsPropertiesInOrder)
+{
+    ASSERT_EQ(actual.propertyCount() - actual.propertyOffset(),
+              static_cast<int>(expected.properties.size()));
+    for (std::size_t i = 0; i < expected.properties.size(); ++i) {
+        const Property& property = expected.properties[i];
+        const QMetaProperty found = actual.property(actual.propertyOffset() + static_cast<int>(i));
+        SCOPED_TRACE(property.name);
+        EXPECT_EQ(found.name(), property.name);
+        EXPECT_EQ(found.userType(), property.type);
+        EXPECT_TRUE(found.isReadable());
+        EXPECT_EQ(found.isWritable(), property.writable);
+        EXPECT_EQ(found.isResettable(), property.resettable);
+        EXPECT_EQ(found.isConstant(), property.constant);
+        EXPECT_EQ(found.notifySignal().name().toStdString(), property.notifySignal);
+    }
+}
+
+TEST_P(MetaObject, HasItsEnumerationsInOrder)
+{
+    ASSERT_EQ(actual.enumeratorCount() - actual.enumeratorOffset(),
+              static_cast<int>(expected.enumerations.size()));
+    for (std::size_t i = 0; i < expected.enumerations.size(); ++i) {
+        const Enumeration& enumeration = expected.enumerations[i];
+        const QMetaEnum found = actual.enumerator(actual.enumeratorOffset() + static_cast<int>(i));
+        EXPECT_EQ(found.name(), enumeration.name);
+        EXPECT_EQ(found.isFlag(), enumeration.isFlag);
+        std::vector<std::pair<std::string, int>> keys;
+        for (int k = 0; k < found.keyCount(); ++k)
+            keys.emplace_back(found.key(k), found.value(k));
+        EXPECT_EQ(keys, enumeration.keys);
+    }
+}
+
+std::string testName(const testing::TestParamInfo<Class>& info)
+{
+    const std::string& name = info.param.name;
+    return name.substr(name.rfind(':') + 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, MetaObject, testing::ValuesIn(classes()), testName);
+
+} // namespace
