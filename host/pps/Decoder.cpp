@@ -20,42 +20,15 @@ using pps::NodeTree;
 struct pps_decoder_state
 {
     NodeTree nodes;
-    std::uint32_t container = 0;
-    std::uint32_t element = Node::None;
+    const Node* container = nullptr;
+    const Node* element = nullptr; ///< in the container; null where that is empty
     const Fault* fault = nullptr;
     std::size_t faultLine = 0;
 
-    const Node* find(const char* name) const
+    void enter(const Node* node)
     {
-        if (!name)
-            return element == Node::None ? nullptr : &nodes[element];
-        if (nodes[container].type != PPS_TYPE_OBJECT)
-            return nullptr;
-        const Node* found = nullptr;
-        for (std::uint32_t i = container + 1; i < nodes[container].next; i = nodes[i].next) {
-            if (std::strcmp(nodes[i].name, name) == 0)
-                found = &nodes[i];
-        }
-        return found;
-    }
-
-    void enter(std::uint32_t index)
-    {
-        container = index;
-        element = nodes[index].count == 0 ? Node::None : index + 1;
-    }
-
-    void makeEmpty()
-    {
-        nodes.clear();
-        nodes.append();
-        Node& top = nodes[0];
-        top.name = nullptr;
-        top.count = 0;
-        top.next = 1;
-        top.parent = Node::None;
-        top.position = 0;
-        top.type = PPS_TYPE_OBJECT;
+        container = node;
+        element = node->count == 0 ? nullptr : node + 1;
     }
 };
 
@@ -67,12 +40,30 @@ int fail(int code)
     return -1;
 }
 
-const Node* find(const pps_decoder_t* decoder, const char* name)
+/** Finds the last member of that name in the current container. */
+[[gnu::noinline]] const Node* findMember(const pps_decoder_state& state, const char* name)
 {
-    return decoder->state ? decoder->state->find(name) : nullptr;
+    if (state.container->type != PPS_TYPE_OBJECT)
+        return nullptr;
+    const Node* found = nullptr;
+    const Node* const end = &state.nodes[state.container->next];
+    for (const Node* node = state.container + 1; node != end; node = &state.nodes[node->next]) {
+        if (std::strcmp(node->name, name) == 0)
+            found = node;
+    }
+    return found;
 }
 
-/** Finds an element of one type; null with `errno` where there is none. */
+/** The element that a call is about; null where there is none. */
+const Node* find(const pps_decoder_t* decoder, const char* name)
+{
+    const pps_decoder_state* const state = decoder->state;
+    if (!state)
+        return nullptr;
+    return name ? findMember(*state, name) : state->element;
+}
+
+/** The same, of one type; null with `errno` where there is none. */
 const Node* find(const pps_decoder_t* decoder, const char* name, pps_type_t type)
 {
     const Node* const node = find(decoder, name);
@@ -97,8 +88,8 @@ int parse(pps_decoder_t* decoder, char* text, const Fault* (MessageParser::*pars
     state.fault = (message.*parser)();
     state.faultLine = message.lineNumber();
     if (state.fault)
-        state.makeEmpty();
-    state.enter(0);
+        state.nodes.makeEmptyObject();
+    state.enter(&state.nodes[0]);
     return state.fault ? fail(state.fault->code) : 0;
 }
 
@@ -139,22 +130,21 @@ const char* pps_decoder_error(const pps_decoder_t* decoder, size_t* line)
 int pps_decoder_length(const pps_decoder_t* decoder)
 {
     const pps_decoder_state* const state = decoder->state;
-    return state ? static_cast<int>(state->nodes[state->container].count) : 0;
+    return state ? static_cast<int>(state->container->count) : 0;
 }
 
 int pps_decoder_goto_index(pps_decoder_t* decoder, int index)
 {
-    if (index < 0 || index >= pps_decoder_length(decoder))
+    pps_decoder_state* const state = decoder->state;
+    const auto wanted = static_cast<std::uint32_t>(index); // a negative one is above any count
+    if (!state || wanted >= state->container->count)
         return fail(ENOENT);
-    pps_decoder_state& state = *decoder->state;
-    const auto wanted = static_cast<std::uint32_t>(index);
-    // A container with elements always has one that the decoder stands on.
-    std::uint32_t element = state.element;
-    if (wanted < state.nodes[element].position)
-        element = state.container + 1;
-    while (state.nodes[element].position != wanted)
-        element = state.nodes[element].next;
-    state.element = element;
+    const Node* node = state->element;
+    if (wanted < node->position)
+        node = state->container + 1;
+    while (node->position != wanted)
+        node = &state->nodes[node->next];
+    state->element = node;
     return 0;
 }
 
@@ -177,17 +167,17 @@ int pps_decoder_push(pps_decoder_t* decoder, const char* name)
         return fail(ENOENT);
     if (node->type != PPS_TYPE_OBJECT && node->type != PPS_TYPE_ARRAY)
         return fail(EINVAL);
-    decoder->state->enter(static_cast<std::uint32_t>(node - &decoder->state->nodes[0]));
+    decoder->state->enter(node);
     return 0;
 }
 
 int pps_decoder_pop(pps_decoder_t* decoder)
 {
     pps_decoder_state* const state = decoder->state;
-    if (!state || state->container == 0)
+    if (!state || state->container->parent == Node::None)
         return fail(ENOENT);
     state->element = state->container;
-    state->container = state->nodes[state->element].parent;
+    state->container = &state->nodes[state->element->parent];
     return 0;
 }
 

@@ -50,11 +50,32 @@ const char* textEscape(char character)
     }
 }
 
-/** Matches all that either way of escaping looks at. */
-std::uint64_t matchSpecial(std::uint64_t word)
+/** Whatever either way of escaping looks at, and what has to be checked. */
+constexpr auto special = [](auto block) {
+    return block.equal('"') | block.equal('\\') | block.below(' ') | block.notAscii();
+};
+
+/**
+ * Copies up to the first special byte, moves `cursor` to it and returns the end of the copy. It
+ * writes up to a block more than it copies.
+ */
+char* copyPlain(const char*& cursor, const char* end, char* to)
 {
-    return bytes::equal(word, '"') | bytes::equal(word, '\\') | bytes::below(word, ' ') |
-           bytes::notAscii(word);
+    for (; end - cursor >= Block::Size; cursor += Block::Size, to += Block::Size) {
+        const Block block = Block::load(cursor);
+        block.store(to);
+        if (const auto mask = special(block)) {
+            cursor += mask.first();
+            return to + mask.first();
+        }
+    }
+    const std::ptrdiff_t rest = end - cursor;
+    const Block block = Block::loadPart(cursor, rest);
+    block.store(to);
+    const auto mask = special(block).within(rest);
+    const std::ptrdiff_t copied = mask ? mask.first() : rest;
+    cursor += copied;
+    return to + copied;
 }
 
 } // namespace
@@ -220,32 +241,24 @@ void EncoderWriter::put(std::string_view text)
 
 void EncoderWriter::putEscaped(std::string_view text, const char* (*escape)(char))
 {
-    const char* const end = text.data() + text.size();
-    const char* written = text.data();
-    const auto putUpTo = [&](const char* place) {
-        put({written, static_cast<std::size_t>(place - written)});
-    };
-    for (const char* cursor = written;;) {
-        cursor = find(cursor, end, matchSpecial);
+    const char* cursor = text.data();
+    const char* const end = cursor + text.size();
+    while (reserve(static_cast<std::size_t>(end - cursor))) {
+        char* const to = m_encoder.data + m_encoder.length;
+        m_encoder.length += static_cast<std::size_t>(copyPlain(cursor, end, to) - to);
         if (cursor == end)
-            break;
-        if ((*cursor & 0x80) != 0) {
-            const std::size_t length = utf8::sequenceLength(cursor, end);
-            if (length == 0) {
+            return;
+
+        const char* const begin = cursor;
+        if ((*begin & 0x80) != 0) {
+            if (!utf8::skip(cursor, end))
                 fail(EINVAL);
-                return;
-            }
-            cursor += length;
+        } else if (const char* const instead = escape(*cursor++)) {
+            put(instead);
             continue;
         }
-        if (const char* const instead = escape(*cursor)) {
-            putUpTo(cursor);
-            put(instead);
-            written = cursor + 1;
-        }
-        ++cursor;
+        put({begin, static_cast<std::size_t>(cursor - begin)});
     }
-    putUpTo(end);
 }
 
 void EncoderWriter::putQuoted(const char* text)

@@ -97,11 +97,9 @@ const Fault* takeEscape(const char*& cursor, const char* end, std::uint32_t& cod
     return nullptr;
 }
 
-std::uint64_t matchSpecial(std::uint64_t word)
-{
-    return bytes::equal(word, '"') | bytes::equal(word, '\\') | bytes::below(word, ' ') |
-           bytes::notAscii(word);
-}
+constexpr auto special = [](auto block) {
+    return block.equal('"') | block.equal('\\') | block.below(' ') | block.notAscii();
+};
 
 } // namespace
 
@@ -110,7 +108,7 @@ const Fault* scanJsonString(const char*& cursor, const char* end, JsonString& st
     string.begin = cursor;
     string.escaped = false;
     for (;;) {
-        cursor = find(cursor, end, matchSpecial);
+        cursor = find(cursor, end, special);
         if (cursor == end)
             return &faults::JsonString;
         if (*cursor == '"') {
@@ -126,10 +124,8 @@ const Fault* scanJsonString(const char*& cursor, const char* end, JsonString& st
         }
         if ((*cursor & 0x80) == 0)
             return &faults::JsonControl;
-        const std::size_t length = utf8::sequenceLength(cursor, end);
-        if (length == 0)
+        if (!utf8::skip(cursor, end))
             return &faults::Utf8;
-        cursor += length;
     }
 }
 

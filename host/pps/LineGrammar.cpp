@@ -9,23 +9,18 @@
 namespace pps {
 namespace {
 
-std::uint64_t matchControlOrNotAscii(std::uint64_t word)
-{
-    return bytes::below(word, ' ') | bytes::notAscii(word);
-}
-
-const char* findByte(std::string_view text, char byte)
-{
-    return static_cast<const char*>(std::memchr(text.data(), byte, text.size()));
-}
+constexpr auto controlOrNotAscii = [](auto block) { return block.below(' ') | block.notAscii(); };
+constexpr auto colon = [](auto block) { return block.equal(':'); };
+constexpr auto backslash = [](auto block) { return block.equal('\\'); };
 
 /** Takes what stands before the next colon off the text. False where there is no colon. */
 bool takeField(std::string_view& text, std::string_view& field)
 {
-    const char* const colon = text.empty() ? nullptr : findByte(text, ':');
-    if (!colon)
+    const char* const end = text.data() + text.size();
+    const char* const place = find(text.data(), end, colon);
+    if (place == end)
         return false;
-    field = text.substr(0, static_cast<std::size_t>(colon - text.data()));
+    field = text.substr(0, static_cast<std::size_t>(place - text.data()));
     text.remove_prefix(field.size() + 1);
     return true;
 }
@@ -76,24 +71,23 @@ const Fault* checkAttributeName(std::string_view name)
         return &faults::EmptyName;
     if (name[0] == '@' || name[0] == '-' || name.substr(0, 2) == "+@")
         return &faults::NameStart;
-    return findByte(name, ':') ? &faults::NameColon : nullptr;
+    return name.find(':') == name.npos ? nullptr : &faults::NameColon;
 }
 
 const Fault* scanLine(const char*& cursor, const char* end)
 {
     for (;;) {
-        cursor = find(cursor, end, matchControlOrNotAscii);
+        cursor = find(cursor, end, controlOrNotAscii);
         if (cursor == end || *cursor == '\n')
             return nullptr;
         if (*cursor == '\0')
             return &faults::Nul;
         if (*cursor == '\r')
             return &faults::CarriageReturn;
-        const bool ascii = (*cursor & 0x80) == 0;
-        const std::size_t length = ascii ? 1 : utf8::sequenceLength(cursor, end);
-        if (length == 0)
+        if ((*cursor & 0x80) == 0)
+            ++cursor;
+        else if (!utf8::skip(cursor, end))
             return &faults::Utf8;
-        cursor += length;
     }
 }
 
@@ -112,17 +106,15 @@ const Fault* takeLine(std::string_view& text, Line& line)
 const Fault* scanText(std::string_view value, bool& escaped)
 {
     escaped = false;
-    while (!value.empty()) {
-        const char* const backslash = findByte(value, '\\');
-        if (!backslash)
-            break;
-        value.remove_prefix(static_cast<std::size_t>(backslash - value.data()) + 1);
-        if (value.empty() || (value[0] != 'n' && value[0] != 'r' && value[0] != '\\'))
+    const char* const end = value.data() + value.size();
+    for (const char* cursor = value.data();; cursor += 2) {
+        cursor = find(cursor, end, backslash);
+        if (cursor == end)
+            return nullptr;
+        if (cursor + 1 == end || !std::strchr("nr\\", cursor[1]))
             return &faults::TextEscape;
-        value.remove_prefix(1);
         escaped = true;
     }
-    return nullptr;
 }
 
 char* unescapeText(char* begin, char* end)

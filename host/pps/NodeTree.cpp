@@ -13,6 +13,18 @@ NodeTree::~NodeTree()
         std::free(m_nodes);
 }
 
+void NodeTree::makeEmptyObject()
+{
+    m_size = 1;
+    Node& top = m_nodes[0];
+    top.name = nullptr;
+    top.count = 0;
+    top.next = 1;
+    top.parent = Node::None;
+    top.position = 0;
+    top.type = PPS_TYPE_OBJECT;
+}
+
 bool NodeTree::grow()
 {
     // Callers count elements with an int.

@@ -60,8 +60,12 @@ public:
     /** Removes all nodes and keeps their memory. */
     void clear() { m_size = 0; }
 
+    /** Makes the tree that of a message without elements. */
+    void makeEmptyObject();
+
 private:
-    static constexpr std::uint32_t InlineCapacity = 40;
+    /** Keeps a decoder's state within what malloc() hands out fastest, about 1,000 bytes. */
+    static constexpr std::uint32_t InlineCapacity = 28;
 
     bool grow();
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Utf8.h"
 
+#include <cstddef>
+
 namespace pps::utf8 {
 namespace {
 
@@ -23,28 +25,45 @@ char continuation(std::uint32_t bits)
     return static_cast<char>(0x80 | (bits & 0x3F));
 }
 
-} // namespace
-
-std::size_t sequenceLength(const char* cursor, const char* end)
+unsigned byteAt(const char* place)
 {
-    const auto at = [cursor](std::size_t index) {
-        return static_cast<unsigned char>(cursor[index]);
-    };
-    const auto available = static_cast<std::size_t>(end - cursor);
+    return static_cast<unsigned char>(*place);
+}
+
+bool isBetween(unsigned byte, unsigned first, unsigned last)
+{
+    return byte >= first && byte <= last;
+}
+
+/** The length in bytes of the well-formed sequence at `cursor`; 0 where there is none. */
+std::ptrdiff_t sequenceLength(const char* cursor, const char* end)
+{
     for (const Form& form : Forms) {
-        if (at(0) > form.lastLead)
+        if (!isBetween(byteAt(cursor), form.firstLead, form.lastLead))
             continue;
-        if (at(0) < form.firstLead || available < form.length)
+        if (end - cursor < form.length ||
+            !isBetween(byteAt(cursor + 1), form.firstSecond, form.lastSecond))
             return 0;
-        if (at(1) < form.firstSecond || at(1) > form.lastSecond)
-            return 0;
-        for (std::size_t index = 2; index < form.length; ++index) {
-            if ((at(index) & 0xC0) != 0x80)
+        for (int index = 2; index < form.length; ++index) {
+            if (!isBetween(byteAt(cursor + index), 0x80, 0xBF))
                 return 0;
         }
         return form.length;
     }
     return 0;
+}
+
+} // namespace
+
+bool skip(const char*& cursor, const char* end)
+{
+    while (cursor != end && byteAt(cursor) >= 0x80) {
+        const std::ptrdiff_t length = sequenceLength(cursor, end);
+        if (length == 0)
+            return false;
+        cursor += length;
+    }
+    return true;
 }
 
 char* append(char* to, std::uint32_t codePoint)
