@@ -243,7 +243,7 @@ void EncoderWriter::putEscaped(std::string_view text, const char* (*escape)(char
 {
     const char* cursor = text.data();
     const char* const end = cursor + text.size();
-    while (reserve(static_cast<std::size_t>(end - cursor))) {
+    while (reserve(static_cast<std::size_t>(end - cursor + Block::Size))) {
         char* const to = m_encoder.data + m_encoder.length;
         m_encoder.length += static_cast<std::size_t>(copyPlain(cursor, end, to) - to);
         if (cursor == end)
