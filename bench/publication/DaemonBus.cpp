@@ -44,7 +44,10 @@ DaemonBus::DaemonBus()
         throwErrno("pipe");
     Descriptor readEnd(ready[0], "pipe");
     Descriptor writeEnd(ready[1], "pipe");
+    const std::string log = directory().path() + "/daemon.log";
     m_daemon = ChildProcess([&] {
+        const Descriptor output(::open(log.c_str(), O_WRONLY | O_CREAT, 0600), "open " + log);
+        ::dup2(output.get(), STDERR_FILENO);
         execute({"dbus-daemon", "--nofork", "--nopidfile", "--config-file=" + file,
                  "--print-address=" + std::to_string(writeEnd.get())});
     });
@@ -52,8 +55,11 @@ DaemonBus::DaemonBus()
 
     // The daemon prints its address when it listens; the pipe ends without a byte where it cannot.
     char byte = 0;
-    if (::read(readEnd.get(), &byte, 1) != 1)
-        throw std::runtime_error("dbus-daemon does not start");
+    if (::read(readEnd.get(), &byte, 1) != 1) {
+        std::string reason;
+        std::getline(std::ifstream(log), reason);
+        throw std::runtime_error("dbus-daemon does not start: " + reason);
+    }
 }
 
 } // namespace tamobench
