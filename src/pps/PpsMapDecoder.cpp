@@ -15,6 +15,17 @@ void check(int result)
         throw Exception();
 }
 
+/** A zero-terminated text of the decoder, all of it. */
+QString textFrom(const char* utf8)
+{
+    constexpr char byteOrderMark[] = "\xef\xbb\xbf";
+    // QString::fromUtf8() drops one such mark at the beginning, which is a character like any
+    // other.
+    if (std::strncmp(utf8, byteOrderMark, sizeof byteOrderMark - 1) == 0)
+        return QString::fromUtf8(byteOrderMark + QByteArray(utf8));
+    return QString::fromUtf8(utf8);
+}
+
 } // namespace
 
 PpsMapDecoder::PpsMapDecoder(const QByteArray& text)
@@ -42,7 +53,7 @@ QVariantMap PpsMapDecoder::members()
     const int length = pps_decoder_length(&m_decoder);
     for (int index = 0; index < length; ++index) {
         check(pps_decoder_goto_index(&m_decoder, index));
-        const QString name = QString::fromUtf8(pps_decoder_name(&m_decoder));
+        const QString name = textFrom(pps_decoder_name(&m_decoder));
         // Text that encode() wrote is in the map's own order, and the end is then the place; for
         // any other text the map looks for the place itself.
         map.insert(map.cend(), name, value());
@@ -66,7 +77,7 @@ QVariant PpsMapDecoder::value()
     case PPS_TYPE_STRING: {
         const char* string = nullptr;
         check(pps_decoder_get_string(&m_decoder, nullptr, &string));
-        return QString::fromUtf8(string);
+        return textFrom(string);
     }
     case PPS_TYPE_ARRAY: {
         check(pps_decoder_push(&m_decoder, nullptr));
