@@ -11,8 +11,23 @@
 #include <bitset>
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 namespace pps {
+
+/** What a JSON text is to be. */
+struct JsonForm
+{
+    const char* starts;     ///< the characters that its value may begin with
+    const Fault* otherwise; ///< what is wrong where it begins with another
+    std::size_t maxDepth;
+};
+
+/** The value of an attribute. */
+inline constexpr JsonForm JsonAttribute{"{[n", &faults::JsonRoot, PPS_MAX_DEPTH};
+
+/** A message. It is a level of nesting itself, around its attributes. */
+inline constexpr JsonForm JsonMessage{"{", &faults::JsonObject, PPS_MAX_DEPTH + 1};
 
 /**
  * Reads one JSON value (RFC 8259) and reports what it finds to a handler, in the text's order:
@@ -31,30 +46,31 @@ template<class Handler>
 class JsonScanner
 {
 public:
-    JsonScanner(const char* begin, const char* end, Handler& handler)
-        : m_cursor(begin), m_end(end), m_handler(handler)
+    /**
+     * @param lineEnds where the number of line ends that were passed is put; may be null
+     */
+    // Everything in one function, so that the scanner's state lives in registers.
+    [[gnu::flatten]] static const Fault* scan(std::string_view text, const JsonForm& form,
+                                              Handler& handler, std::size_t* lineEnds = nullptr)
     {
+        JsonScanner scanner(text, form, handler);
+        const Fault* const fault = scanner.scanRoot();
+        if (lineEnds)
+            *lineEnds = scanner.m_lineEnds;
+        return fault;
     }
-
-    /** Reads a text that is one object, array or null. */
-    const Fault* scanStructureOrNull() { return scanRoot("{[n", faults::JsonRoot); }
-
-    /** Reads a text that is one object. It counts as a level of its own, beyond PPS_MAX_DEPTH. */
-    const Fault* scanMessage()
-    {
-        m_maxDepth = PPS_MAX_DEPTH + 1;
-        return scanRoot("{", faults::JsonObject);
-    }
-
-    /** How many line ends were passed. */
-    std::size_t lineEnds() const { return m_lineEnds; }
 
 private:
-    const Fault* scanRoot(const char* permittedStarts, const Fault& otherwise)
+    JsonScanner(std::string_view text, const JsonForm& form, Handler& handler)
+        : m_cursor(text.data()), m_end(text.data() + text.size()), m_form(form), m_handler(handler)
+    {
+    }
+
+    const Fault* scanRoot()
     {
         skipSpace();
-        if (m_cursor == m_end || !std::strchr(permittedStarts, *m_cursor))
-            return &otherwise;
+        if (m_cursor == m_end || !std::strchr(m_form.starts, *m_cursor))
+            return m_form.otherwise;
         do {
             if (const Fault* fault = scanValue())
                 return fault;
@@ -115,8 +131,7 @@ private:
         switch (peek()) {
         case '"': {
             JsonString string;
-            ++m_cursor;
-            if (const Fault* fault = scanJsonString(m_cursor, m_end, string))
+            if (const Fault* fault = scanString(string))
                 return fault;
             return report(m_handler.string(string));
         }
@@ -130,8 +145,10 @@ private:
             if (peek() != '-' && (peek() < '0' || peek() > '9'))
                 return &faults::JsonValue;
             Number number;
-            if (const Fault* fault = scanNumber(m_cursor, m_end, number))
+            const char* cursor = m_cursor;
+            if (const Fault* fault = scanNumber(cursor, m_end, number))
                 return fault;
+            m_cursor = cursor;
             return report(m_handler.number(number));
         }
         }
@@ -142,9 +159,8 @@ private:
         skipSpace();
         if (peek() != '"')
             return &faults::JsonName;
-        ++m_cursor;
         JsonString name;
-        if (const Fault* fault = scanJsonString(m_cursor, m_end, name))
+        if (const Fault* fault = scanString(name))
             return fault;
         skipSpace();
         if (peek() != ':')
@@ -154,9 +170,17 @@ private:
         return nullptr;
     }
 
+    const Fault* scanString(JsonString& string)
+    {
+        const char* cursor = m_cursor + 1;
+        const Fault* const fault = scanJsonString(cursor, m_end, string);
+        m_cursor = cursor;
+        return fault;
+    }
+
     const Fault* open(bool object)
     {
-        if (m_depth == m_maxDepth)
+        if (m_depth == m_form.maxDepth)
             return &faults::TooDeep;
         ++m_cursor;
         m_objects[m_depth++] = object;
@@ -177,8 +201,13 @@ private:
 
     void skipSpace()
     {
-        for (; peek() == ' ' || peek() == '\t' || peek() == '\n' || peek() == '\r'; ++m_cursor)
-            m_lineEnds += peek() == '\n';
+        // What is above a space is no white space either: most often a single comparison.
+        for (; m_cursor != m_end && static_cast<unsigned char>(*m_cursor) <= ' '; ++m_cursor) {
+            if (*m_cursor == '\n')
+                ++m_lineEnds;
+            else if (*m_cursor != ' ' && *m_cursor != '\t' && *m_cursor != '\r')
+                return;
+        }
     }
 
     static const Fault* report(bool taken) { return taken ? nullptr : &faults::OutOfMemory; }
@@ -189,9 +218,9 @@ private:
 
     const char* m_cursor;
     const char* const m_end;
+    const JsonForm& m_form;
     Handler& m_handler;
     std::size_t m_depth = 0;
-    std::size_t m_maxDepth = PPS_MAX_DEPTH;
     std::size_t m_lineEnds = 0;
     std::bitset<PPS_MAX_DEPTH + 1> m_objects; ///< for each open level, whether it is an object
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "JsonString.h"
 
-#include "ByteScan.h"
 #include "Utf8.h"
 
 #include <cstdint>
@@ -97,18 +96,11 @@ const Fault* takeEscape(const char*& cursor, const char* end, std::uint32_t& cod
     return nullptr;
 }
 
-constexpr auto special = [](auto block) {
-    return block.equal('"') | block.equal('\\') | block.below(' ') | block.notAscii();
-};
-
 } // namespace
 
-const Fault* scanJsonString(const char*& cursor, const char* end, JsonString& string)
+const Fault* scanJsonStringFrom(const char*& cursor, const char* end, JsonString& string)
 {
-    string.begin = cursor;
-    string.escaped = false;
-    for (;;) {
-        cursor = find(cursor, end, special);
+    for (;; cursor = find(cursor, end, specialInJson)) {
         if (cursor == end)
             return &faults::JsonString;
         if (*cursor == '"') {

@@ -13,16 +13,17 @@ constexpr auto controlOrNotAscii = [](auto block) { return block.below(' ') | bl
 constexpr auto colon = [](auto block) { return block.equal(':'); };
 constexpr auto backslash = [](auto block) { return block.equal('\\'); };
 
-/** Takes what stands before the next colon off the text. False where there is no colon. */
-bool takeField(std::string_view& text, std::string_view& field)
+std::string_view view(const char* begin, const char* end)
 {
-    const char* const end = text.data() + text.size();
-    const char* const place = find(text.data(), end, colon);
-    if (place == end)
-        return false;
-    field = text.substr(0, static_cast<std::size_t>(place - text.data()));
-    text.remove_prefix(field.size() + 1);
-    return true;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+const Fault* checkNameStart(std::string_view name)
+{
+    if (name.empty())
+        return &faults::EmptyName;
+    const bool isReserved = name[0] == '@' || name[0] == '-' || name.substr(0, 2) == "+@";
+    return isReserved ? &faults::NameStart : nullptr;
 }
 
 const Fault* splitObject(Line& line, LineKind kind, std::size_t atSign)
@@ -42,10 +43,18 @@ const Fault* splitDeletion(Line& line)
 const Fault* splitAttribute(Line& line)
 {
     line.kind = LineKind::Attribute;
-    line.value = line.text;
-    if (!takeField(line.value, line.name) || !takeField(line.value, line.marker))
+    const char* const begin = line.text.data();
+    const char* const end = begin + line.text.size();
+    const char* const nameEnd = find(begin, end, colon);
+    if (nameEnd == end)
         return &faults::Colons;
-    return checkAttributeName(line.name);
+    const char* const markerEnd = find(nameEnd + 1, end, colon);
+    if (markerEnd == end)
+        return &faults::Colons;
+    line.name = view(begin, nameEnd);
+    line.marker = view(nameEnd + 1, markerEnd);
+    line.value = view(markerEnd + 1, end);
+    return checkNameStart(line.name);
 }
 
 const Fault* split(Line& line)
@@ -67,10 +76,8 @@ const Fault* split(Line& line)
 
 const Fault* checkAttributeName(std::string_view name)
 {
-    if (name.empty())
-        return &faults::EmptyName;
-    if (name[0] == '@' || name[0] == '-' || name.substr(0, 2) == "+@")
-        return &faults::NameStart;
+    if (const Fault* fault = checkNameStart(name))
+        return fault;
     return name.find(':') == name.npos ? nullptr : &faults::NameColon;
 }
 
@@ -97,7 +104,7 @@ const Fault* takeLine(std::string_view& text, Line& line)
     if (const Fault* fault = scanLine(cursor, text.data() + text.size()))
         return fault;
     const auto length = static_cast<std::size_t>(cursor - text.data());
-    line = Line();
+    line.marker = line.value = std::string_view();
     line.text = text.substr(0, length);
     text.remove_prefix(length < text.size() ? length + 1 : length);
     return split(line);

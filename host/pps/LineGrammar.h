@@ -56,8 +56,7 @@ const Fault* scanValue(const Line& line, Handler& handler)
         return report(handler.boolean(value == "true"));
     }
     if (line.marker == "json")
-        return JsonScanner<Handler>(value.data(), value.data() + value.size(), handler)
-            .scanStructureOrNull();
+        return JsonScanner<Handler>::scan(value, JsonAttribute, handler);
     return &faults::Marker;
 }
 

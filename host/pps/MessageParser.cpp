@@ -20,8 +20,8 @@ const Fault* MessageParser::parsePps()
 {
     if (const Fault* fault = report(m_builder.start(true)))
         return fault;
+    Line line;
     for (std::string_view rest = m_text; !rest.empty();) {
-        Line line;
         ++m_lineNumber;
         if (const Fault* fault = takeLine(rest, line))
             return fault;
@@ -35,9 +35,10 @@ const Fault* MessageParser::parsePps()
 
 const Fault* MessageParser::parseJson()
 {
-    JsonScanner<NodeBuilder> scanner(m_text, m_text + std::string_view(m_text).size(), m_builder);
-    const Fault* const fault = scanner.scanMessage();
-    m_lineNumber = scanner.lineEnds() + 1;
+    std::size_t lineEnds = 0;
+    const Fault* const fault =
+        JsonScanner<NodeBuilder>::scan(m_text, JsonMessage, m_builder, &lineEnds);
+    m_lineNumber = lineEnds + 1;
     return fault;
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Number.h"
 
+#include <cfloat>
 #include <charconv>
+#include <cstddef>
 #include <limits>
 
 namespace pps {
@@ -10,53 +12,39 @@ namespace {
 /** Any integer of so many digits fits 64 bits without a sign. */
 constexpr int MaxDigits = std::numeric_limits<std::uint64_t>::digits10;
 
-/** The digits of a number's integer part; `value` is right as long as `count` is at most MaxDigits.
- */
+/** The powers of ten that a double holds exactly. */
+constexpr double PowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/** A number's digits as an integer; `value` is right as long as `count` is at most MaxDigits. */
 struct Digits
 {
     std::uint64_t value = 0;
     std::ptrdiff_t count = 0;
+
+    /** Adds the digits at `cursor` and returns the place behind them. */
+    const char* take(const char* cursor, const char* end)
+    {
+        const char* const begin = cursor;
+        for (; cursor != end && *cursor >= '0' && *cursor <= '9'; ++cursor)
+            value = value * 10 + static_cast<std::uint64_t>(*cursor - '0');
+        count += cursor - begin;
+        return cursor;
+    }
 };
 
-bool isDigit(const char* cursor, const char* end)
+/** Moves over an exponent, if there is one. Null where one begins and does not go on as it must. */
+const char* skipExponent(const char* cursor, const char* end)
 {
-    return cursor != end && *cursor >= '0' && *cursor <= '9';
-}
-
-const char* skipDigits(const char* cursor, const char* end)
-{
-    while (isDigit(cursor, end))
+    if (cursor == end || (*cursor != 'e' && *cursor != 'E'))
+        return cursor;
+    ++cursor;
+    if (cursor != end && (*cursor == '+' || *cursor == '-'))
         ++cursor;
-    return cursor;
-}
-
-Digits scanDigits(const char*& cursor, const char* end)
-{
     Digits digits;
-    const char* const begin = cursor;
-    for (; isDigit(cursor, end); ++cursor)
-        digits.value = digits.value * 10 + static_cast<std::uint64_t>(*cursor - '0');
-    digits.count = cursor - begin;
-    return digits;
-}
-
-/** Moves over a fraction and an exponent. Null where one begins and does not go on as it must. */
-const char* skipFractionAndExponent(const char* cursor, const char* end)
-{
-    if (cursor != end && *cursor == '.') {
-        if (!isDigit(++cursor, end))
-            return nullptr;
-        cursor = skipDigits(cursor, end);
-    }
-    if (cursor != end && (*cursor == 'e' || *cursor == 'E')) {
-        ++cursor;
-        if (cursor != end && (*cursor == '+' || *cursor == '-'))
-            ++cursor;
-        if (!isDigit(cursor, end))
-            return nullptr;
-        cursor = skipDigits(cursor, end);
-    }
-    return cursor;
+    cursor = digits.take(cursor, end);
+    return digits.count != 0 ? cursor : nullptr;
 }
 
 /** Whether a number's text says zero: whether all digits before an exponent are zeros. */
@@ -82,34 +70,66 @@ bool toInteger(const Digits& digits, bool negative, std::int64_t& integer)
     return true;
 }
 
+/**
+ * Converts digits with a decimal point before the last `decimals` of them. False where one division
+ * of exact numbers does not do it: it is rounded correctly, but not two roundings in a row.
+ */
+bool toReal(const Digits& digits, std::ptrdiff_t decimals, bool negative, double& real)
+{
+    constexpr std::uint64_t MaxExact = std::uint64_t(1) << std::numeric_limits<double>::digits;
+    if (FLT_EVAL_METHOD != 0 || digits.count > MaxDigits || digits.value > MaxExact)
+        return false;
+    // MaxDigits keeps `decimals` within the table.
+    real = static_cast<double>(digits.value) / PowersOfTen[decimals];
+    real = negative ? -real : real;
+    return true;
+}
+
+/** Converts any number's text, exactly but slowly. */
+const Fault* convert(const char* begin, const char* end, double& real)
+{
+    real = 0;
+    const std::from_chars_result result = std::from_chars(begin, end, real);
+    if (result.ec != std::errc() || (real == 0 && !saysZero(begin, end)))
+        return &faults::NumberRange;
+    return nullptr;
+}
+
 } // namespace
 
 const Fault* scanNumber(const char*& cursor, const char* end, Number& number)
 {
     const char* const begin = cursor;
     const bool negative = cursor != end && *cursor == '-';
-    if (negative)
-        ++cursor;
+    const char* place = cursor + (negative ? 1 : 0);
 
-    const bool leadingZero = cursor != end && *cursor == '0';
-    const Digits digits = scanDigits(cursor, end);
+    Digits digits;
+    const bool leadingZero = place != end && *place == '0';
+    place = digits.take(place, end);
     if (digits.count == 0 || (leadingZero && digits.count > 1))
         return &faults::Number;
 
-    const char* const integerEnd = cursor;
-    cursor = skipFractionAndExponent(cursor, end);
-    if (!cursor)
-        return &faults::Number;
+    const std::ptrdiff_t integerCount = digits.count;
+    const bool hasFraction = place != end && *place == '.';
+    if (hasFraction) {
+        place = digits.take(place + 1, end);
+        if (digits.count == integerCount)
+            return &faults::Number;
+    }
 
-    number.isInteger = cursor == integerEnd && toInteger(digits, negative, number.integer);
+    const char* const mantissaEnd = place;
+    place = skipExponent(place, end);
+    if (!place)
+        return &faults::Number;
+    cursor = place;
+
+    const bool hasExponent = place != mantissaEnd;
+    number.isInteger = !hasFraction && !hasExponent && toInteger(digits, negative, number.integer);
     if (number.isInteger)
         return nullptr;
-
-    number.real = 0;
-    const std::from_chars_result result = std::from_chars(begin, cursor, number.real);
-    if (result.ec != std::errc() || (number.real == 0 && !saysZero(begin, cursor)))
-        return &faults::NumberRange;
-    return nullptr;
+    if (!hasExponent && toReal(digits, digits.count - integerCount, negative, number.real))
+        return nullptr;
+    return convert(begin, place, number.real);
 }
 
 } // namespace pps
