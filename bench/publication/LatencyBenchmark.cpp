@@ -7,9 +7,13 @@
 #include "Duel.h"
 #include "PpsTransport.h"
 #include "RelayTransport.h"
+#include "SubscriberGroup.h"
 
 #include <array>
 #include <exception>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include <PrivatePps.h>
 
@@ -19,33 +23,47 @@ namespace {
 constexpr std::array<std::size_t, 3> sizes = {60, 230, 4000};
 constexpr Target belowPeer = {Target::AtMost, 0.9};
 
+/** A transport with its one subscriber. */
+struct Line
+{
+    explicit Line(std::unique_ptr<Transport> way)
+        : transport(std::move(way)), subscriber(*transport, 1, 1)
+    {
+    }
+
+    std::unique_ptr<Transport> transport;
+    SubscriberGroup subscriber;
+};
+
 void measure(Report& report)
 {
     const tamotest::PpsFilesystem filesystem;
-    PpsTransport pps("/pps/bench");
-    RelayTransport relay(1);
     const DaemonBus daemon;
-    BusTransport throughDaemon(daemon);
-
     std::unique_ptr<BrokerBus> broker;
-    std::unique_ptr<BusTransport> throughBroker;
     try {
         broker = std::make_unique<BrokerBus>();
-        throughBroker = std::make_unique<BusTransport>(*broker);
     } catch (const std::exception& error) {
-        report.add({"publication through dbus-broker", "left out", error.what(), {}, {}, {}, {}});
+        report.add({"publication", "", "dbus-broker", error.what(), "", "", ""});
     }
 
-    Duel duel;
-    duel.enter(pps);
-    duel.enter(throughDaemon);
-    if (throughBroker)
-        duel.enter(*throughBroker);
-    duel.enter(relay);
+    std::vector<std::unique_ptr<Line>> lines;
+    const auto add = [&](std::unique_ptr<Transport> transport) {
+        lines.push_back(std::make_unique<Line>(std::move(transport)));
+    };
+    add(std::make_unique<PpsTransport>("/pps/bench"));
+    add(std::make_unique<BusTransport>(daemon));
+    add(std::make_unique<RelayTransport>(1));
+    if (broker)
+        add(std::make_unique<BusTransport>(*broker));
+
     for (const std::size_t size : sizes) {
-        duel.fight(size);
-        const std::string what = "publication, " + std::to_string(size) + " bytes, ";
-        duel.report(report, what, {belowPeer});
+        Duel duel;
+        for (const auto& line : lines) {
+            duel.enter(line->transport->name(),
+                       [&line, size] { return line->subscriber.publish(size); });
+        }
+        duel.fight();
+        duel.report(report, "publication, " + std::to_string(size) + " bytes", {belowPeer});
     }
 }
 

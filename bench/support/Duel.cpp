@@ -4,6 +4,7 @@
 #include "Statistics.h"
 
 #include <array>
+#include <utility>
 
 namespace tamobench {
 
@@ -11,14 +12,9 @@ namespace {
 
 constexpr int runs = 7;
 constexpr int turns = 20;
-constexpr int publicationsInATurn = 50;
+constexpr int samplesInATurn = 50;
 
 } // namespace
-
-Duel::Contender::Contender(Transport& transport)
-    : name(transport.name()), subscriber(transport, 1, 1)
-{
-}
 
 void Duel::Contender::endRun()
 {
@@ -27,28 +23,28 @@ void Duel::Contender::endRun()
     run.clear();
 }
 
-void Duel::enter(Transport& transport)
+void Duel::enter(const std::string& name, Sample sample)
 {
-    m_contenders.push_back(std::make_unique<Contender>(transport));
+    m_contenders.push_back({name, std::move(sample), {}, {}, {}});
 }
 
-void Duel::fight(std::size_t size)
+void Duel::fight()
 {
-    for (const auto& contender : m_contenders) {
-        contender->p50.clear();
-        contender->p99.clear();
+    for (Contender& contender : m_contenders) {
+        contender.p50.clear();
+        contender.p99.clear();
     }
     for (int run = 0; run < runs; ++run) {
         for (int turn = 0; turn < turns; ++turn) {
-            for (const auto& contender : m_contenders) {
-                for (int i = 0; i < publicationsInATurn; ++i) {
+            for (Contender& contender : m_contenders) {
+                for (int i = 0; i < samplesInATurn; ++i) {
                     m_pause.take();
-                    contender->run.push_back(contender->subscriber.publish(size));
+                    contender.run.push_back(contender.sample());
                 }
             }
         }
-        for (const auto& contender : m_contenders)
-            contender->endRun();
+        for (Contender& contender : m_contenders)
+            contender.endRun();
     }
 }
 
@@ -63,11 +59,11 @@ void Duel::report(Report& report, const std::string& what, const std::vector<Tar
         {"p50", &Contender::p50},
         {"p99", &Contender::p99},
     }};
-    const Contender& ours = *m_contenders.front();
+    const Contender& ours = m_contenders.front();
     for (const Quantile& quantile : quantiles) {
         for (std::size_t i = 1; i < m_contenders.size(); ++i) {
-            const Contender& theirs = *m_contenders[i];
-            report.addRatio(what + quantile.name, median(ours.*quantile.perRun), theirs.name,
+            const Contender& theirs = m_contenders[i];
+            report.addRatio(what + ", " + quantile.name, median(ours.*quantile.perRun), theirs.name,
                             median(theirs.*quantile.perRun),
                             medianRatio(ours.*quantile.perRun, theirs.*quantile.perRun),
                             i <= targets.size() ? targets[i - 1] : Target{});
