@@ -9,6 +9,8 @@ namespace device {
 BatteryInfo::BatteryInfo(QObject* parent)
     : QObject(parent), d(std::make_unique<BatteryInfoPrivate>(this))
 {
+    // Qt 5 does not do so by itself, and would not queue levelChanged() to another thread.
+    qRegisterMetaType<ChargingState>();
 }
 
 BatteryInfo::~BatteryInfo() = default;

@@ -46,21 +46,21 @@ TEST_F(BatteryInfoPrivateTest, LevelIsUnknownWhereTheStateOfChargeIsNoInteger)
 {
     const double infinity = std::numeric_limits<double>::infinity();
     const QVariantList noIntegers = {QVariant(),
-                                  "",
-                                  "full",
-                                  "57%",
-                                  "57.5",
-                                  "99999999999",
-                                  1e10,
-                                  -1e10,
-                                  2147483647.5,
-                                  -2147483649.0,
-                                  infinity,
-                                  -infinity,
-                                  std::numeric_limits<double>::quiet_NaN(),
-                                  true,
-                                  QVariantMap(),
-                                  QVariantList{57.0}};
+                                     "",
+                                     "full",
+                                     "57%",
+                                     "57.5",
+                                     "99999999999",
+                                     1e10,
+                                     -1e10,
+                                     2147483647.5,
+                                     -2147483649.0,
+                                     infinity,
+                                     -infinity,
+                                     std::numeric_limits<double>::quiet_NaN(),
+                                     true,
+                                     QVariantMap(),
+                                     QVariantList{57.0}};
     for (const QVariant& value : noIntegers) {
         battery(57.0);
         battery(value);
@@ -140,6 +140,18 @@ TEST_F(BatteryInfoPrivateTest, BatteryLeavesTheChargingStateAsItWas)
     EXPECT_EQ(changes.at(0).at(1).value<BatteryInfo::ChargingState>(), BatteryInfo::NotCharging);
     charger("PLUGGED");
     EXPECT_EQ(values.chargingState, BatteryInfo::Full);
+}
+
+TEST_F(BatteryInfoPrivateTest, ChangeCanBeQueued)
+{
+    BatteryInfo receiver;
+    ASSERT_TRUE(QObject::connect(
+        &info, SIGNAL(levelChanged(int, tamo::device::BatteryInfo::ChargingState)), &receiver,
+        SIGNAL(levelChanged(int, tamo::device::BatteryInfo::ChargingState)), Qt::QueuedConnection));
+    QSignalSpy queued(&receiver, &BatteryInfo::levelChanged);
+    charger("CHARGE");
+    ASSERT_TRUE(queued.wait());
+    EXPECT_EQ(queued.at(0).at(1).value<BatteryInfo::ChargingState>(), BatteryInfo::Charging);
 }
 
 TEST_F(BatteryInfoPrivateTest, EveryUpdateIsAnnounced)
