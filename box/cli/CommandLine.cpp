@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommandLine.h"
+
+#include "common/BoxSocket.h"
+#include "common/Failure.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <iostream>
+
+namespace tamobox {
+
+namespace {
+
+// Their exit status is somebody else's, so that their own failures have a status apart.
+constexpr std::array<const char*, 3> runningCommands = {"run", "exec", "shell"};
+
+int complain(std::string sentence, int exitStatus)
+{
+    std::replace(sentence.begin(), sentence.end(), '\n', ' ');
+    std::fprintf(stderr, "tamo-box: %s\n", sentence.c_str());
+    return exitStatus;
+}
+
+const CLI::App& deepestCommand(const CLI::App& app)
+{
+    const auto given = app.get_subcommands();
+    return given.empty() ? app : deepestCommand(*given.front());
+}
+
+std::string fullName(const CLI::App& app)
+{
+    return app.get_parent() == nullptr ? "tamo-box"
+                                       : fullName(*app.get_parent()) + ' ' + app.get_name();
+}
+
+} // namespace
+
+CommandLine::CommandLine() : m_root("A phone in a box, for the applications of a phone", "tamo-box")
+{
+    m_root.require_subcommand(1);
+    m_root.footer(
+        "Exit status: 0, or 1 for a command that failed, 2 for one that was asked in a wrong "
+        "way.\nrun, exec and shell end with the status of what they ran: 128 plus N for the "
+        "signal N,\n127 where it was not found, 126 where it is not executable, and 125 where "
+        "the box itself failed.");
+}
+
+CLI::App& CommandLine::add(CLI::App& parent, const std::string& name,
+                           const std::string& description,
+                           std::function<int(const CommonOptions&)> action)
+{
+    CLI::App* const command = parent.add_subcommand(name, description);
+    command->add_option("--box", m_options.box, "The box that is meant (default: the only one)")
+        ->type_name("NAME")
+        ->check([](const std::string& box) {
+            return boxsocket::isName(box)
+                       ? std::string()
+                       : "'" + box +
+                             "' is no name for a box: 1 to 48 letters, digits, '.', '_', '-'";
+        });
+    command->add_flag("--json", m_options.json, "Print JSON");
+    command->callback([this, command, action = std::move(action)] {
+        if (command->get_subcommands().empty())
+            m_exitStatus = action(m_options);
+    });
+    return *command;
+}
+
+CLI::App& CommandLine::addGroup(CLI::App& parent, const std::string& name,
+                                const std::string& description)
+{
+    CLI::App* const group = parent.add_subcommand(name, description);
+    group->require_subcommand(1);
+    return *group;
+}
+
+int CommandLine::run(int argc, const char* const* argv)
+{
+    try {
+        m_root.parse(argc, argv);
+        return m_exitStatus;
+    } catch (const CLI::CallForHelp&) {
+        std::cout << deepestCommand(m_root).help();
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return reportUsage(error);
+    } catch (const Failure& failure) {
+        const std::string command = deepestCommand(m_root).get_name();
+        const bool runs = std::count(runningCommands.begin(), runningCommands.end(), command) != 0;
+        const bool isOwnFailure = failure.exitStatus() <= status::usage;
+        return complain(failure.what(),
+                        runs && isOwnFailure ? status::boxFailed : failure.exitStatus());
+    } catch (const std::exception& error) {
+        return complain(error.what(), status::failed);
+    }
+}
+
+int CommandLine::reportUsage(const CLI::ParseError& error)
+{
+    const CLI::App& command = deepestCommand(m_root);
+    const bool runs =
+        std::count(runningCommands.begin(), runningCommands.end(), command.get_name()) != 0;
+    return complain(std::string(error.what()) + "; see '" + fullName(command) + " --help'",
+                    runs ? status::boxFailed : status::usage);
+}
+
+} // namespace tamobox

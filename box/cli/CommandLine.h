@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_COMMANDLINE_H
+#define TAMOBOX_COMMANDLINE_H
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+
+namespace tamobox {
+
+/** What every command can be told. */
+struct CommonOptions
+{
+    std::string box; ///< `--box`: empty where it was not given
+    bool json = false;
+};
+
+/**
+ * The command line: a tree of commands, each with its options. A command is added with add(), gets
+ * its own options as CLI11 has them, and is carried out by its function, which throws Failure or
+ * returns the exit status.
+ */
+class CommandLine
+{
+public:
+    CommandLine();
+
+    /** What add() hangs commands into. */
+    CLI::App& root() { return m_root; }
+
+    /**
+     * Adds a command with `--box` and `--json`.
+     *
+     * @param parent root(), or a group
+     * @param action called when the command was given; not called where there is a deeper one
+     */
+    CLI::App& add(CLI::App& parent, const std::string& name, const std::string& description,
+                  std::function<int(const CommonOptions&)> action);
+
+    /** Adds a command that is nothing but a group of others, one of which must be given. */
+    CLI::App& addGroup(CLI::App& parent, const std::string& name, const std::string& description);
+
+    /** Carries out what the arguments say, and returns the exit status. Throws nothing. */
+    int run(int argc, const char* const* argv);
+
+private:
+    int reportUsage(const CLI::ParseError& error);
+
+    CLI::App m_root;
+    CommonOptions m_options;
+    int m_exitStatus = 0;
+};
+
+} // namespace tamobox
+
+#endif

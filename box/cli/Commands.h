@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_COMMANDS_H
+#define TAMOBOX_COMMANDS_H
+
+namespace tamobox {
+
+class CommandLine;
+
+// The commands, one group a file. To add one: its file, its line here and its line in main.cpp.
+void addRunCommand(CommandLine& commandLine);
+void addExecCommands(CommandLine& commandLine); // exec, shell
+void addStatusCommand(CommandLine& commandLine);
+void addPpsCommands(CommandLine& commandLine);
+void addBatteryCommands(CommandLine& commandLine);
+
+} // namespace tamobox
+
+#endif

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MailboxServer.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <charconv>
+#include <optional>
+
+namespace tamobox {
+
+namespace {
+
+std::optional<MailboxServer::Client> clientIn(const std::string& memberName,
+                                              const std::string& prefix)
+{
+    if (memberName.rfind(prefix, 0) != 0)
+        return std::nullopt;
+    MailboxServer::Client client = 0;
+    const char* const end = memberName.data() + memberName.size();
+    const auto result = std::from_chars(memberName.data() + prefix.size(), end, client);
+    if (result.ec != std::errc() || result.ptr != end)
+        return std::nullopt;
+    return client;
+}
+
+} // namespace
+
+MailboxServer::MailboxServer(EventLoop& loop, const std::string& object, RequestHandler onRequest,
+                             LeaveHandler onLeave)
+    : m_loop(loop)
+    , m_name(object.substr(object.rfind('/') + 1))
+    , m_file(object, O_RDWR | O_NONBLOCK, "serve")
+    , m_onRequest(std::move(onRequest))
+    , m_onLeave(std::move(onLeave))
+{
+    m_loop.watch(m_file.descriptor(), [this] { readRequests(); });
+}
+
+MailboxServer::~MailboxServer()
+{
+    m_loop.unwatch(m_file.descriptor());
+}
+
+void MailboxServer::address(MessageWriter& answer, Client client) const
+{
+    answer.object(m_name + '.' + std::to_string(client));
+}
+
+void MailboxServer::send(MessageWriter& answer)
+{
+    try {
+        m_file.write(answer.text());
+    } catch (const ObjectFailure& failure) {
+        if (failure.error() != ENOENT && failure.error() != EAGAIN)
+            throw;
+    }
+}
+
+// One message at a time, so that timers come between the messages of a flood.
+void MailboxServer::readRequests()
+{
+    const std::optional<std::string> message = m_file.read();
+    if (!message)
+        return;
+    MessageReader reader(*message);
+    const std::string prefix = '@' + m_name + '.';
+    while (reader.next()) {
+        const std::optional<Client> client = clientIn(reader.name(), prefix);
+        if (!client) // a client that has come; what matters here is that it asks
+            continue;
+        if (reader.type() == PPS_TYPE_DELETED) {
+            m_onLeave(*client);
+        } else if (reader.enter(nullptr)) {
+            m_onRequest(*client, reader);
+            reader.leave();
+        }
+    }
+}
+
+} // namespace tamobox

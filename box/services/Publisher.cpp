@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Publisher.h"
+
+#include <fcntl.h>
+
+namespace tamobox {
+
+Publisher::Publisher(const std::string& object)
+    : m_path(object), m_name(object.substr(object.rfind('/') + 1)), m_file(object, O_WRONLY)
+{
+}
+
+std::optional<std::string> Publisher::published() const
+{
+    return ObjectFile(m_path, O_RDONLY | O_NONBLOCK).read();
+}
+
+} // namespace tamobox
