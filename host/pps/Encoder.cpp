@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "EncoderWriter.h"
+#include "Punctuation.h"
 
 #include <pps/encoder.h>
 
@@ -7,6 +8,23 @@
 #include <cstdlib>
 
 using pps::EncoderWriter;
+using pps::Punctuation;
+
+namespace {
+
+constexpr Punctuation Null = "null";
+constexpr Punctuation True = "true";
+constexpr Punctuation False = "false";
+
+namespace markers {
+
+constexpr Punctuation String = "::";
+constexpr Punctuation Number = ":n:";
+constexpr Punctuation Boolean = ":b:";
+constexpr Punctuation Json = ":json:";
+
+} // namespace markers
+} // namespace
 
 void pps_encoder_initialize(pps_encoder_t* encoder, bool raw)
 {
@@ -54,12 +72,12 @@ size_t pps_encoder_length(pps_encoder_t* encoder)
 
 int pps_encoder_add_null(pps_encoder_t* encoder, const char* name)
 {
-    return EncoderWriter(encoder).name(name, "json").verbatim("null").finish();
+    return EncoderWriter(encoder).name(name, markers::Json).word(Null).finish();
 }
 
 int pps_encoder_add_bool(pps_encoder_t* encoder, const char* name, bool value)
 {
-    return EncoderWriter(encoder).name(name, "b").verbatim(value ? "true" : "false").finish();
+    return EncoderWriter(encoder).name(name, markers::Boolean).word(value ? True : False).finish();
 }
 
 int pps_encoder_add_int(pps_encoder_t* encoder, const char* name, int value)
@@ -69,22 +87,22 @@ int pps_encoder_add_int(pps_encoder_t* encoder, const char* name, int value)
 
 int pps_encoder_add_int64(pps_encoder_t* encoder, const char* name, int64_t value)
 {
-    return EncoderWriter(encoder).name(name, "n").number(value).finish();
+    return EncoderWriter(encoder).name(name, markers::Number).number(value).finish();
 }
 
 int pps_encoder_add_double(pps_encoder_t* encoder, const char* name, double value)
 {
-    return EncoderWriter(encoder).name(name, "n").number(value).finish();
+    return EncoderWriter(encoder).name(name, markers::Number).number(value).finish();
 }
 
 int pps_encoder_add_string(pps_encoder_t* encoder, const char* name, const char* value)
 {
-    return EncoderWriter(encoder).name(name, "").string(value).finish();
+    return EncoderWriter(encoder).name(name, markers::String).string(value).finish();
 }
 
 int pps_encoder_start_object(pps_encoder_t* encoder, const char* name)
 {
-    return EncoderWriter(encoder).name(name, "json").open(true).finish();
+    return EncoderWriter(encoder).name(name, markers::Json).open(true).finish();
 }
 
 int pps_encoder_end_object(pps_encoder_t* encoder)
@@ -94,7 +112,7 @@ int pps_encoder_end_object(pps_encoder_t* encoder)
 
 int pps_encoder_start_array(pps_encoder_t* encoder, const char* name)
 {
-    return EncoderWriter(encoder).name(name, "json").open(false).finish();
+    return EncoderWriter(encoder).name(name, markers::Json).open(false).finish();
 }
 
 int pps_encoder_end_array(pps_encoder_t* encoder)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "EncoderWriter.h"
 
-#include "ByteScan.h"
 #include "LineGrammar.h"
+#include "StringRules.h"
 #include "Utf8.h"
 
 #include <cerrno>
@@ -14,52 +14,15 @@
 namespace pps {
 namespace {
 
-/** How many bytes are always free: a line end or brace at the end of the text, and the final NUL.
- */
-constexpr std::size_t Slack = 2;
-
 /** Enough for any number. */
 constexpr std::size_t NumberSize = 32;
-
-constexpr const char* JsonControls[] = {
-    "\\u0000", "\\u0001", "\\u0002", "\\u0003", "\\u0004", "\\u0005", "\\u0006", "\\u0007",
-    "\\b",     "\\t",     "\\n",     "\\u000b", "\\f",     "\\r",     "\\u000e", "\\u000f",
-    "\\u0010", "\\u0011", "\\u0012", "\\u0013", "\\u0014", "\\u0015", "\\u0016", "\\u0017",
-    "\\u0018", "\\u0019", "\\u001a", "\\u001b", "\\u001c", "\\u001d", "\\u001e", "\\u001f"};
-
-/** The escape of an ASCII character in JSON; null where it stands for itself. */
-const char* jsonEscape(char character)
-{
-    if (character >= '\0' && character < ' ')
-        return JsonControls[static_cast<unsigned char>(character)];
-    return character == '"' ? "\\\"" : character == '\\' ? "\\\\" : nullptr;
-}
-
-/** The same in the value of a string attribute. */
-const char* textEscape(char character)
-{
-    switch (character) {
-    case '\n':
-        return "\\n";
-    case '\r':
-        return "\\r";
-    case '\\':
-        return "\\\\";
-    default:
-        return nullptr;
-    }
-}
-
-/** Whatever either way of escaping looks at, and what has to be checked. */
-constexpr auto special = [](auto block) {
-    return block.equal('"') | block.equal('\\') | block.below(' ') | block.notAscii();
-};
 
 /**
  * Copies up to the first special byte, moves `cursor` to it and returns the end of the copy. It
  * writes up to a block more than it copies.
  */
-char* copyPlain(const char*& cursor, const char* end, char* to)
+template<class Matcher>
+char* copyPlain(const char*& cursor, const char* end, char* to, Matcher special)
 {
     for (; end - cursor >= Block::Size; cursor += Block::Size, to += Block::Size) {
         const Block block = Block::load(cursor);
@@ -80,33 +43,29 @@ char* copyPlain(const char*& cursor, const char* end, char* to)
 
 } // namespace
 
-EncoderWriter& EncoderWriter::name(const char* name, std::string_view marker)
+EncoderWriter& EncoderWriter::name(const char* name, const Punctuation& marker)
 {
-    if (m_encoder.depth > 0 && !inObject() ? name != nullptr : name == nullptr)
+    if (inArray() != (name == nullptr))
         return fail(EINVAL);
 
     if (inLines()) {
-        if (checkAttributeName(name))
+        if (checkNameStart(name))
             return fail(EINVAL);
-        putLine(name);
-        put(":");
-        put(marker);
-        put(":");
+        putString<rules::AttributeName>("", name, marker);
         return *this;
     }
     const char before = m_encoder.data[m_start - 1];
-    if (before != '{' && before != '[')
+    const bool isFirst = before == '{' || before == '[';
+    if (!isFirst)
         put(",");
-    if (name) {
-        putQuoted(name);
-        put(":");
-    }
+    if (name)
+        putString<rules::Json>("\"", name, "\":");
     return *this;
 }
 
-EncoderWriter& EncoderWriter::verbatim(std::string_view text)
+EncoderWriter& EncoderWriter::word(const Punctuation& word)
 {
-    put(text);
+    put(word);
     return *this;
 }
 
@@ -115,17 +74,15 @@ EncoderWriter& EncoderWriter::string(const char* text)
     if (!text)
         return fail(EINVAL);
     if (inLines())
-        putEscaped(text, textEscape);
+        putString<rules::Text>("", text, "");
     else
-        putQuoted(text);
+        putString<rules::Json>("\"", text, "\"");
     return *this;
 }
 
 EncoderWriter& EncoderWriter::number(std::int64_t value)
 {
-    char text[NumberSize];
-    char* const end = std::to_chars(text, text + sizeof text, value).ptr;
-    put({text, static_cast<std::size_t>(end - text)});
+    putNumber(value);
     return *this;
 }
 
@@ -134,12 +91,14 @@ EncoderWriter& EncoderWriter::number(double value)
     constexpr double ExactLimit = 9007199254740992.0; // 2^53: integers below it are doubles
     if (!std::isfinite(value))
         return fail(EINVAL);
+    // An integer has no negative zero.
     const bool isNegativeZero = value == 0 && std::signbit(value);
-    if (std::fabs(value) < ExactLimit && value == std::trunc(value) && !isNegativeZero)
-        return number(static_cast<std::int64_t>(value));
-    char text[NumberSize];
-    char* const end = std::to_chars(text, text + sizeof text, value).ptr;
-    put({text, static_cast<std::size_t>(end - text)});
+    if (std::fabs(value) < ExactLimit && !isNegativeZero) {
+        const auto integer = static_cast<std::int64_t>(value);
+        if (static_cast<double>(integer) == value)
+            return number(integer);
+    }
+    putNumber(value);
     return *this;
 }
 
@@ -147,21 +106,21 @@ EncoderWriter& EncoderWriter::open(bool object)
 {
     if (m_encoder.depth == PPS_MAX_DEPTH)
         return fail(EOVERFLOW);
-    put(object ? "{" : "[");
+    put(object ? Punctuation("{") : Punctuation("["));
     if (m_error)
         return *this;
-    std::uint8_t& byte = m_encoder.containers[m_encoder.depth / 8];
-    const auto bit = static_cast<std::uint8_t>(1U << m_encoder.depth % 8);
-    byte = static_cast<std::uint8_t>(object ? byte | bit : byte & ~bit);
+    std::uint8_t& levels = m_encoder.containers[m_encoder.depth / 8];
+    const auto level = static_cast<std::uint8_t>(1U << m_encoder.depth % 8);
+    levels = static_cast<std::uint8_t>(object ? levels & ~level : levels | level);
     ++m_encoder.depth;
     return *this;
 }
 
 EncoderWriter& EncoderWriter::close(bool object)
 {
-    if (m_encoder.depth == 0 || inObject() != object)
+    if (m_encoder.depth == 0 || inArray() == object)
         return fail(EINVAL);
-    put(object ? "}" : "]");
+    put(object ? Punctuation("}") : Punctuation("]"));
     if (!m_error)
         --m_encoder.depth;
     return *this;
@@ -169,10 +128,9 @@ EncoderWriter& EncoderWriter::close(bool object)
 
 EncoderWriter& EncoderWriter::deletion(const char* name)
 {
-    if (!inLines() || !name || checkAttributeName(name))
+    if (!inLines() || !name || checkNameStart(name))
         return fail(EINVAL);
-    put("-");
-    putLine(name);
+    putString<rules::AttributeName>("-", name, "");
     return *this;
 }
 
@@ -180,7 +138,7 @@ EncoderWriter& EncoderWriter::objectName(const char* name)
 {
     if (!inLines() || !name || name[0] != '@' || name[1] == '\0')
         return fail(EINVAL);
-    putLine(name);
+    putString<rules::Line>("", name, "");
     return *this;
 }
 
@@ -196,6 +154,14 @@ int EncoderWriter::finish()
     return 0;
 }
 
+bool EncoderWriter::inArray() const
+{
+    if (m_encoder.depth == 0)
+        return false;
+    const std::uint32_t level = m_encoder.depth - 1;
+    return (m_encoder.containers[level / 8] >> level % 8 & 1) != 0;
+}
+
 EncoderWriter& EncoderWriter::fail(int code)
 {
     if (!m_error)
@@ -203,19 +169,8 @@ EncoderWriter& EncoderWriter::fail(int code)
     return *this;
 }
 
-bool EncoderWriter::inObject() const
+bool EncoderWriter::grow(std::size_t size)
 {
-    const std::uint32_t level = m_encoder.depth - 1;
-    return (m_encoder.containers[level / 8] >> level % 8 & 1) != 0;
-}
-
-bool EncoderWriter::reserve(std::size_t size)
-{
-    if (m_error)
-        return false;
-    if (size + Slack <= m_encoder.capacity - m_encoder.length)
-        return true;
-
     const std::size_t needed = m_encoder.length + size + Slack;
     const std::size_t capacity = needed > 2 * m_encoder.capacity ? needed : 2 * m_encoder.capacity;
     const bool isInline = m_encoder.data == m_encoder.inline_data;
@@ -231,50 +186,53 @@ bool EncoderWriter::reserve(std::size_t size)
     return true;
 }
 
-void EncoderWriter::put(std::string_view text)
+template<class Number>
+void EncoderWriter::putNumber(Number value)
 {
-    if (!reserve(text.size()))
-        return;
-    std::memcpy(m_encoder.data + m_encoder.length, text.data(), text.size());
-    m_encoder.length += text.size();
+    if (char* const to = room(NumberSize))
+        wrote(std::to_chars(to, to + NumberSize, value).ptr);
 }
 
-void EncoderWriter::putEscaped(std::string_view text, const char* (*escape)(char))
+template<class Rules>
+void EncoderWriter::putString(const Punctuation& before, std::string_view text,
+                              const Punctuation& after)
 {
     const char* cursor = text.data();
     const char* const end = cursor + text.size();
-    while (reserve(static_cast<std::size_t>(end - cursor + Block::Size))) {
-        char* const to = m_encoder.data + m_encoder.length;
-        m_encoder.length += static_cast<std::size_t>(copyPlain(cursor, end, to) - to);
-        if (cursor == end)
+    put(before);
+    while (char* const to = room(static_cast<std::size_t>(end - cursor))) {
+        char* const copied = copyPlain(cursor, end, to, Rules::special);
+        if (cursor == end) {
+            wrote(after.store(copied));
             return;
-
-        const char* const begin = cursor;
-        if ((*begin & 0x80) != 0) {
-            if (!utf8::skip(cursor, end))
-                fail(EINVAL);
-        } else if (const char* const instead = escape(*cursor++)) {
-            put(instead);
-            continue;
         }
-        put({begin, static_cast<std::size_t>(cursor - begin)});
+        wrote(copied);
+        putSpecial(cursor, end, Rules::replacement);
     }
 }
 
-void EncoderWriter::putQuoted(const char* text)
+/** Writes what stands at `cursor`, which is special, and moves `cursor` behind it. */
+void EncoderWriter::putSpecial(const char*& cursor, const char* end,
+                               const char* (*replacementOf)(char))
 {
-    put("\"");
-    putEscaped(text, jsonEscape);
-    put("\"");
-}
-
-void EncoderWriter::putLine(std::string_view text)
-{
-    const char* cursor = text.data();
-    const char* const end = cursor + text.size();
-    if (scanLine(cursor, end) || cursor != end)
+    const char* const begin = cursor;
+    const char* replacement = nullptr;
+    if ((*begin & 0x80) == 0)
+        replacement = replacementOf(*cursor++);
+    else if (!utf8::skip(cursor, end))
+        replacement = rules::Refused;
+    if (replacement == rules::Refused) {
         fail(EINVAL);
-    put(text);
+        return;
+    }
+
+    const std::string_view written =
+        replacement ? replacement
+                    : std::string_view(begin, static_cast<std::size_t>(cursor - begin));
+    if (char* const to = room(written.size())) {
+        std::memcpy(to, written.data(), written.size());
+        wrote(to + written.size());
+    }
 }
 
 } // namespace pps

@@ -2,6 +2,9 @@
 #ifndef PPS_ENCODERWRITER_H
 #define PPS_ENCODERWRITER_H
 
+#include "ByteScan.h"
+#include "Punctuation.h"
+
 #include <pps/encoder.h>
 
 #include <cstddef>
@@ -22,14 +25,15 @@ public:
     {
     }
 
-    /** Whether attributes are lines where the encoder stands. */
-    bool inLines() const { return !m_encoder.raw && m_encoder.depth == 0; }
+    /**
+     * Writes what stands before a value: its name, if it has one, and punctuation.
+     *
+     * @param marker the marker that stands on a line, with its colons
+     */
+    EncoderWriter& name(const char* name, const Punctuation& marker);
 
-    /** Writes what stands before a value: its name, if it has one, and punctuation. */
-    EncoderWriter& name(const char* name, std::string_view marker);
-
-    /** Writes text as it is. */
-    EncoderWriter& verbatim(std::string_view text);
+    /** Writes a value that is a word. */
+    EncoderWriter& word(const Punctuation& word);
 
     /** Writes a string, escaped and, in JSON, in quotes. */
     EncoderWriter& string(const char* text);
@@ -55,13 +59,46 @@ public:
     int finish();
 
 private:
+    /**
+     * How many bytes are free beyond those that were asked for: a line end or a brace at the end of
+     * the text and the final NUL, or what is stored in whole blocks and is not part of the text.
+     */
+    static constexpr std::size_t Slack = Block::Size + 2 * Punctuation::StoredSize;
+
+    /** Whether attributes are lines where the encoder stands. */
+    bool inLines() const { return !m_encoder.raw && m_encoder.depth == 0; }
+    bool inArray() const;
+
     EncoderWriter& fail(int code);
-    bool inObject() const;
-    bool reserve(std::size_t size);
-    void put(std::string_view text);
-    void putEscaped(std::string_view text, const char* (*escape)(char));
-    void putQuoted(const char* text);
-    void putLine(std::string_view text);
+    bool grow(std::size_t size);
+
+    /** Where the text goes on, with so many bytes free and the slack; null after a failure. */
+    char* room(std::size_t size)
+    {
+        if (m_error || (size + Slack > m_encoder.capacity - m_encoder.length && !grow(size)))
+            return nullptr;
+        return m_encoder.data + m_encoder.length;
+    }
+
+    /** Ends the text at `end`, which lies in the room that was given out last. */
+    void wrote(const char* end)
+    {
+        m_encoder.length = static_cast<std::size_t>(end - m_encoder.data);
+    }
+
+    void put(const Punctuation& characters)
+    {
+        if (char* const to = room(0))
+            wrote(characters.store(to));
+    }
+
+    template<class Number>
+    void putNumber(Number value);
+
+    /** Writes a string between what stands before it and what stands behind it. */
+    template<class Rules>
+    void putString(const Punctuation& before, std::string_view text, const Punctuation& after);
+    void putSpecial(const char*& cursor, const char* end, const char* (*replacementOf)(char));
 
     pps_encoder_t& m_encoder;
     const std::size_t m_start; ///< where the text ended before the call

@@ -18,14 +18,6 @@ std::string_view view(const char* begin, const char* end)
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-const Fault* checkNameStart(std::string_view name)
-{
-    if (name.empty())
-        return &faults::EmptyName;
-    const bool isReserved = name[0] == '@' || name[0] == '-' || name.substr(0, 2) == "+@";
-    return isReserved ? &faults::NameStart : nullptr;
-}
-
 const Fault* splitObject(Line& line, LineKind kind, std::size_t atSign)
 {
     line.kind = kind;
@@ -37,7 +29,9 @@ const Fault* splitDeletion(Line& line)
 {
     line.kind = LineKind::DeletedAttribute;
     line.name = line.text.substr(1);
-    return checkAttributeName(line.name);
+    if (line.name.find(':') != line.name.npos)
+        return &faults::NameColon;
+    return checkNameStart(line.name);
 }
 
 const Fault* splitAttribute(Line& line)
@@ -74,11 +68,12 @@ const Fault* split(Line& line)
 
 } // namespace
 
-const Fault* checkAttributeName(std::string_view name)
+const Fault* checkNameStart(std::string_view name)
 {
-    if (const Fault* fault = checkNameStart(name))
-        return fault;
-    return name.find(':') == name.npos ? nullptr : &faults::NameColon;
+    if (name.empty())
+        return &faults::EmptyName;
+    const bool isReserved = name[0] == '@' || name[0] == '-' || name.substr(0, 2) == "+@";
+    return isReserved ? &faults::NameStart : nullptr;
 }
 
 const Fault* scanLine(const char*& cursor, const char* end)

@@ -11,8 +11,8 @@
 
 namespace pps {
 
-/** Checks an attribute's name, apart from its characters being those of a line. */
-const Fault* checkAttributeName(std::string_view name);
+/** Checks how an attribute's name begins. It holds no colon either, and no line end. */
+const Fault* checkNameStart(std::string_view name);
 
 /** Moves `cursor` to the end of its line. A line is UTF-8 without NUL and carriage return. */
 const Fault* scanLine(const char*& cursor, const char* end);
