@@ -35,6 +35,19 @@ std::string fullName(const CLI::App& app)
                                        : fullName(*app.get_parent()) + ' ' + app.get_name();
 }
 
+// CLI11 misses the subcommand before it says that there is none of that name.
+std::string sentenceOf(const CLI::ParseError& error, const CLI::App& command)
+{
+    if (command.get_require_subcommand_min() == 0)
+        return error.what();
+    std::string names;
+    for (const CLI::App* known : command.get_subcommands([](const CLI::App*) { return true; }))
+        names += (names.empty() ? "" : ", ") + known->get_name();
+    const std::vector<std::string> unknown = command.remaining();
+    return (unknown.empty() ? "a command is missing" : "there is no command '" + unknown[0] + "'") +
+           "; there are: " + names;
+}
+
 } // namespace
 
 CommandLine::CommandLine() : m_root("A phone in a box, for the applications of a phone", "tamo-box")
@@ -102,7 +115,7 @@ int CommandLine::reportUsage(const CLI::ParseError& error)
     const CLI::App& command = deepestCommand(m_root);
     const bool runs =
         std::count(runningCommands.begin(), runningCommands.end(), command.get_name()) != 0;
-    return complain(std::string(error.what()) + "; see '" + fullName(command) + " --help'",
+    return complain(sentenceOf(error, command) + "; see '" + fullName(command) + " --help'",
                     runs ? status::boxFailed : status::usage);
 }
 

@@ -9,6 +9,7 @@ class CommandLine;
 // The commands, one group a file. To add one: its file, its line here and its line in main.cpp.
 void addRunCommand(CommandLine& commandLine);
 void addExecCommands(CommandLine& commandLine); // exec, shell
+void addDoctorCommand(CommandLine& commandLine);
 void addStatusCommand(CommandLine& commandLine);
 void addPpsCommands(CommandLine& commandLine);
 void addBatteryCommands(CommandLine& commandLine);

@@ -13,8 +13,7 @@
 
 namespace tamobox {
 
-ObjectServer::ObjectServer(const std::string& object, bool create)
-    : m_file(object, O_RDWR | O_NONBLOCK | (create ? O_CREAT : 0), "serve")
+ObjectServer::ObjectServer(const std::string& object) : m_file(object, O_RDWR | O_NONBLOCK, "serve")
 {
 }
 

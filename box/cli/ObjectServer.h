@@ -22,10 +22,9 @@ public:
     /**
      * Serves from now on; requests wait until run().
      *
-     * @param create whether the object is created where there is none
      * @throws ObjectFailure
      */
-    ObjectServer(const std::string& object, bool create);
+    explicit ObjectServer(const std::string& object);
 
     /**
      * Serves until there were so many requests.

@@ -7,6 +7,7 @@
 #include "ObjectServer.h"
 
 #include "pps/MessageReader.h"
+#include "pps/ObjectCreation.h"
 #include "pps/ObjectFile.h"
 
 #include <fcntl.h>
@@ -21,6 +22,8 @@
 namespace tamobox {
 
 namespace {
+
+constexpr std::chrono::milliseconds forEver(-1); // for poll()
 
 struct PpsArguments
 {
@@ -65,6 +68,22 @@ std::string messageFrom(const std::vector<std::string>& lines)
     return message;
 }
 
+void createIfAsked(const PpsArguments& arguments)
+{
+    if (arguments.create)
+        createObject(arguments.object, 0644);
+}
+
+bool waitFor(const ObjectFile& file, std::chrono::milliseconds limit)
+{
+    pollfd entry = {file.descriptor(), POLLIN, 0};
+    int count = 0;
+    do
+        count = poll(&entry, 1, static_cast<int>(limit.count()));
+    while (count == -1 && errno == EINTR);
+    return count > 0;
+}
+
 int get(const CommonOptions& options, const PpsArguments& arguments)
 {
     enterBox(options.box, Depth::Files);
@@ -80,16 +99,14 @@ int set(const CommonOptions& options, const PpsArguments& arguments)
     const std::string message = messageFrom(arguments.lines);
     enterBox(options.box, Depth::Files);
     const bool waits = arguments.wait.count() != 0;
-    ObjectFile file(arguments.object,
-                    (waits ? O_RDWR | O_NONBLOCK : O_WRONLY) | (arguments.create ? O_CREAT : 0));
+    createIfAsked(arguments);
+    ObjectFile file(arguments.object, waits ? O_RDWR | O_NONBLOCK : O_WRONLY);
     if (waits)
         file.read(); // what the object is like already is no answer
     file.write(message);
     if (!waits)
         return 0;
-    pollfd entry = {file.descriptor(), POLLIN, 0};
-    poll(&entry, 1, static_cast<int>(arguments.wait.count()));
-    const auto answer = file.read();
+    const auto answer = waitFor(file, arguments.wait) ? file.read() : std::nullopt;
     if (!answer)
         throw Failure("no answer came in time");
     printMessage(options, *answer);
@@ -99,12 +116,16 @@ int set(const CommonOptions& options, const PpsArguments& arguments)
 int watch(const CommonOptions& options, const PpsArguments& arguments)
 {
     enterBox(options.box, Depth::Files);
-    ObjectFile file(arguments.object, O_RDONLY, "wait");
-    for (int seen = 0; arguments.count == 0 || seen < arguments.count; ++seen) {
+    ObjectFile file(arguments.object, O_RDONLY | O_NONBLOCK);
+    for (int seen = 0; arguments.count == 0 || seen < arguments.count;) {
+        waitFor(file, forEver);
         const auto message = file.read();
         if (!message)
-            throw Failure(objectPath(arguments.object) + " has been removed");
+            continue;
         printMessage(options, *message);
+        ++seen;
+        if (message->rfind("-@", 0) == 0)
+            throw Failure(objectPath(arguments.object) + " has been removed");
     }
     return 0;
 }
@@ -112,7 +133,8 @@ int watch(const CommonOptions& options, const PpsArguments& arguments)
 int serve(const CommonOptions& options, const PpsArguments& arguments)
 {
     enterBox(options.box, Depth::Files);
-    ObjectServer server(arguments.object, arguments.create);
+    createIfAsked(arguments);
+    ObjectServer server(arguments.object);
     std::fprintf(stderr, "tamo-box: serving %s\n", objectPath(arguments.object).c_str());
     server.run(arguments.count,
                [&](const std::string& message) { printMessage(options, message); });

@@ -10,8 +10,8 @@ int main(int argc, char** argv)
     using namespace tamobox;
     fillStandardDescriptors();
     CommandLine commandLine;
-    for (const auto addCommands :
-         {addRunCommand, addExecCommands, addStatusCommand, addPpsCommands, addBatteryCommands})
+    for (const auto addCommands : {addRunCommand, addExecCommands, addDoctorCommand,
+                                   addStatusCommand, addPpsCommands, addBatteryCommands})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }

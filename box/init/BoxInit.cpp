@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BoxInit.h"
 
-#include "ObjectCreation.h"
-
 #include "common/ControlMessage.h"
 #include "common/DescriptorTable.h"
 #include "common/Failure.h"
+#include "common/Json.h"
 #include "common/Program.h"
+#include "pps/ObjectCreation.h"
 #include "services/ServiceTable.h"
-
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 #include <fcntl.h>
 #include <sys/mount.h>
@@ -90,7 +87,7 @@ void BoxInit::createObjects()
 {
     for (const ServiceEntry& service : serviceTable())
         for (const ServiceObject& object : service.objects)
-            createObject(object);
+            createObject(object.path, object.mode);
 }
 
 void BoxInit::startServices()
@@ -195,50 +192,29 @@ void BoxInit::filesystemEnded(int waitResult)
 
 void BoxInit::introduce()
 {
-    rapidjson::StringBuffer text;
-    rapidjson::Writer<rapidjson::StringBuffer> json(text);
-    const auto string = [&](const std::string& value) {
-        json.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
-    };
-    json.StartObject();
-    json.Key("box");
-    string(m_plan.boxName);
-    json.Key("application");
-    json.StartObject();
-    json.Key("pid");
-    json.Int(m_application->pid());
-    json.Key("command");
-    json.StartArray();
+    Json json;
+    json.startObject().key("box").string(m_plan.boxName);
+    json.key("application").startObject().key("pid").number(m_application->pid());
+    json.key("command").startArray();
     std::size_t shown = 0;
     for (const std::string& argument : m_plan.arguments) {
         shown += argument.size();
-        if (shown > longestShownCommand) {
-            json.String("...");
+        json.string(shown > longestShownCommand ? "..." : argument);
+        if (shown > longestShownCommand)
             break;
-        }
-        string(argument);
     }
-    json.EndArray();
-    json.EndObject();
-    json.Key("services");
-    json.StartArray();
-    const auto process = [&](const std::string& name, pid_t pid) {
-        json.StartObject();
-        json.Key("name");
-        string(name);
-        json.Key("pid");
-        if (pid == -1)
-            json.Null();
-        else
-            json.Int(pid);
-        json.EndObject();
+    json.endArray().endObject();
+    const auto addProcess = [&](const std::string& name, pid_t pid) {
+        json.startObject().key("name").string(name).key("pid");
+        pid == -1 ? json.null() : json.number(pid);
+        json.endObject();
     };
-    process("ppsfs", m_filesystem->hasEnded() ? -1 : m_filesystem->pid());
+    json.key("services").startArray();
+    addProcess("ppsfs", m_filesystem->hasEnded() ? -1 : m_filesystem->pid());
     for (const auto& service : m_services)
-        process(service->name(), service->pid());
-    json.EndArray();
-    json.EndObject();
-    m_introduction.status.assign(text.GetString(), text.GetSize());
+        addProcess(service->name(), service->pid());
+    json.endArray().endObject();
+    m_introduction.status = json.text();
     boxsocket::introduce(m_plan.listeningSocket, m_introduction);
 }
 

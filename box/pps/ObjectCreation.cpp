@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ObjectCreation.h"
 
+#include "ObjectFile.h"
+
 #include "common/Descriptor.h"
 #include "common/Failure.h"
 
@@ -28,18 +30,18 @@ private:
 
 } // namespace
 
-void createObject(const ServiceObject& object)
+void createObject(const std::string& object, mode_t mode)
 {
     const ExactModes exactModes;
-    const std::string path = "/pps/" + object.path;
-    const std::size_t belowMount = 5;
+    const std::string path = objectPath(object);
+    const std::size_t belowMount = path.find('/', 1) + 1;
     for (std::size_t slash = path.find('/', belowMount); slash != std::string::npos;
          slash = path.find('/', slash + 1)) {
         const std::string directory = path.substr(0, slash);
         if (mkdir(directory.c_str(), 0755) == -1 && errno != EEXIST)
             throw systemFailure("cannot create " + directory);
     }
-    const Descriptor created(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, object.mode));
+    const Descriptor created(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, mode));
     if (!created)
         throw systemFailure("cannot create " + path);
 }
