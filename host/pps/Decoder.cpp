@@ -210,8 +210,9 @@ int pps_decoder_get_int64(const pps_decoder_t* decoder, const char* name, int64_
         *value = node->integer;
         return 0;
     }
-    constexpr double Limit = 9223372036854775808.0; // 2^63: the first that is too large
-    if (node->real < -Limit || node->real >= Limit || node->real != std::trunc(node->real))
+    // An integer at or beyond these limits that fits is not here: it was parsed as an integer.
+    constexpr double Limit = 9223372036854775808.0; // 2^63
+    if (std::fabs(node->real) >= Limit || node->real != std::trunc(node->real))
         return fail(ERANGE);
     *value = static_cast<std::int64_t>(node->real);
     return 0;

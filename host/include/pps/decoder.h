@@ -6,8 +6,9 @@
  * A parsed message is a top-level object. Each object-name line (`@status`) is a member of it under
  * that line as it stands, at sign included, and an object of the attributes that follow; attributes
  * before the first such line are members of the top level themselves. A line `-name` is a member of
- * type PPS_TYPE_DELETED. In the text that a mailbox's server reads, `+@control.7` (a client came) is
- * an object member under that name, and `-@control.7` (it went) a deleted member `@control.7`.
+ * type PPS_TYPE_DELETED; so is `-@name` (an object has been removed, or a mailbox's client has gone),
+ * under the name with its at sign, and it ends the object before it. In the text that a mailbox's
+ * server reads, `+@control.7` (a client came) is an object member under the line as it stands.
  *
  * The decoder stands on one element of one container. pps_decoder_goto_index() moves along the
  * container, pps_decoder_push() enters the element, pps_decoder_pop() comes back to it.
@@ -61,10 +62,16 @@ typedef struct pps_decoder {
  */
 PPS_EXPORT int pps_decoder_initialize(pps_decoder_t* decoder, char* buffer);
 
-/** Parses another PPS text with an initialised decoder; as for pps_decoder_initialize(). */
+/**
+ * Parses another PPS text with an initialised decoder; as for pps_decoder_initialize(). What was
+ * parsed before is gone, and after a failure the decoder is empty. EINVAL where `text` is NULL.
+ */
 PPS_EXPORT int pps_decoder_parse_pps_str(pps_decoder_t* decoder, char* text);
 
-/** Parses one JSON object (what an encoder in raw mode writes); otherwise as above. */
+/**
+ * Parses one JSON object (what an encoder in raw mode writes), whose members are the top level;
+ * otherwise as above.
+ */
 PPS_EXPORT int pps_decoder_parse_json_str(pps_decoder_t* decoder, char* text);
 
 /** Frees what the decoder holds. The text stays the caller's. */
@@ -81,7 +88,10 @@ PPS_EXPORT const char* pps_decoder_error(const pps_decoder_t* decoder, size_t* l
 /** The number of elements in the current container. */
 PPS_EXPORT int pps_decoder_length(const pps_decoder_t* decoder);
 
-/** Moves to the element at an index, counted from 0. ENOENT where there is none. */
+/**
+ * Moves to the element at an index, counted from 0. ENOENT where there is none. Going forward costs
+ * the distance, one step for the next element; going back starts over.
+ */
 PPS_EXPORT int pps_decoder_goto_index(pps_decoder_t* decoder, int index);
 
 /**
@@ -105,7 +115,10 @@ PPS_EXPORT int pps_decoder_get_bool(const pps_decoder_t* decoder, const char* na
 /** Reads a number that is a whole one in the range of `int`; ERANGE otherwise. */
 PPS_EXPORT int pps_decoder_get_int(const pps_decoder_t* decoder, const char* name, int* value);
 
-/** Reads a number that is a whole one in the range of `int64_t`, exactly; ERANGE otherwise. */
+/**
+ * Reads a number that is a whole one in the range of `int64_t`; ERANGE otherwise. What is written as
+ * an integer is read exactly, what has a fraction or an exponent is taken as the nearest double.
+ */
 PPS_EXPORT int pps_decoder_get_int64(const pps_decoder_t* decoder, const char* name,
                                      int64_t* value);
 

@@ -8,7 +8,7 @@
  * | value            | marker | written as                                            |
  * |------------------|--------|-------------------------------------------------------|
  * | string           |        | UTF-8; line feed `\n`, carriage return `\r`, backslash `\\` |
- * | number           | `n`    | decimal, the shortest text that reads back as the same value |
+ * | number           | `n`    | decimal, no more digits than it takes to read back the same value |
  * | boolean          | `b`    | `true` or `false`                                     |
  * | object, array, null | `json` | JSON (RFC 8259)                                    |
  *
@@ -16,8 +16,8 @@
  *
  * Conventions of every function here: it returns 0, or -1 with `errno` set, and a call that fails
  * adds nothing. `name` is zero-terminated UTF-8; it is NULL for an element of an array and only
- * there. At the top level of text mode a name must not be empty, begin with `@` or `-`, or hold a
- * colon, a line feed or a carriage return. The strings that are passed in stay the caller's and are
+ * there. At the top level of text mode a name must not be empty, begin with `@`, `-` or `+@`, or hold
+ * a colon, a line feed or a carriage return. The strings that are passed in stay the caller's and are
  * copied. An encoder is used by one thread at a time; different encoders are independent.
  *
  * `errno` values: EINVAL (a name, a string or a number that the text cannot carry, or a call that
@@ -36,7 +36,10 @@
 extern "C" {
 #endif
 
-/** An encoder. The members are private; the structure lives wherever the caller puts it. */
+/**
+ * An encoder. The members are private; the structure lives wherever the caller puts it, and stays
+ * there while it is in use: it must not be copied.
+ */
 typedef struct pps_encoder {
     char* data;
     size_t length;
@@ -64,7 +67,7 @@ PPS_EXPORT void pps_encoder_reset(pps_encoder_t* encoder);
  * The text built so far, zero-terminated. It belongs to the encoder and is valid until the next
  * call that changes the encoder.
  *
- * @return the text, or NULL with `errno` EINVAL while an object or array is open, ENOMEM
+ * @return the text, or NULL with `errno` EINVAL while an object or array is open
  */
 PPS_EXPORT const char* pps_encoder_buffer(pps_encoder_t* encoder);
 
