@@ -29,7 +29,16 @@ using Blocks = testing::Types<WordBlock, SseBlock>;
 #else
 using Blocks = testing::Types<WordBlock>;
 #endif
-TYPED_TEST_SUITE(ByteScan, Blocks);
+
+struct BlockName
+{
+    template<class Block>
+    static std::string GetName(int)
+    {
+        return std::to_string(Block::Size) + "Bytes";
+    }
+};
+TYPED_TEST_SUITE(ByteScan, Blocks, BlockName);
 
 TYPED_TEST(ByteScan, FindsEveryByteAtEveryPlaceInEveryLength)
 {
@@ -69,13 +78,14 @@ TYPED_TEST(ByteScan, FindsTheFirstOfSeveral)
 
 TYPED_TEST(ByteScan, LoadsExactlyThePart)
 {
+    constexpr auto size = static_cast<std::size_t>(TypeParam::Size);
     const std::string text = "abcdefghijklmnopqrstuvwxyz";
-    for (std::ptrdiff_t count = 0; count < TypeParam::Size; ++count) {
-        std::vector<char> part(text.begin(), text.begin() + count);
+    for (std::size_t count = 0; count < size; ++count) {
+        const std::vector<char> part(text.data(), text.data() + count);
         char stored[16] = {};
-        TypeParam::loadPart(part.data(), count).store(stored);
-        EXPECT_EQ(std::string(stored, TypeParam::Size),
-                  text.substr(0, count) + std::string(TypeParam::Size - count, '\0'));
+        TypeParam::loadPart(part.data(), static_cast<std::ptrdiff_t>(count)).store(stored);
+        EXPECT_EQ(std::string(stored, size),
+                  text.substr(0, count) + std::string(size - count, '\0'));
     }
 }
 
