@@ -3,6 +3,7 @@
 
 #include "Descriptor.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <vector>
 
@@ -37,7 +38,8 @@ class PpsSubscription : public Subscription
 {
 public:
     explicit PpsSubscription(const std::string& path)
-        : m_object(::open(path.c_str(), O_RDONLY | O_CLOEXEC), "open " + path), m_buffer(16384)
+        : m_object(::open(path.c_str(), O_RDONLY | O_CLOEXEC), "open " + path)
+        , m_buffer(initialSize)
     {
         receive();
     }
@@ -46,13 +48,19 @@ public:
 
     std::string_view receive() override
     {
-        const ssize_t length = ::read(m_object.get(), m_buffer.data(), m_buffer.size());
-        if (length < 0)
-            throwErrno("read a publication");
-        return {m_buffer.data(), static_cast<std::size_t>(length)};
+        for (;;) {
+            const ssize_t length = ::read(m_object.get(), m_buffer.data(), m_buffer.size());
+            if (length >= 0)
+                return {m_buffer.data(), static_cast<std::size_t>(length)};
+            if (errno != EMSGSIZE)
+                throwErrno("read a publication");
+            m_buffer.resize(2 * m_buffer.size());
+        }
     }
 
 private:
+    static constexpr std::size_t initialSize = 1024;
+
     Descriptor m_object;
     std::vector<char> m_buffer;
 };

@@ -66,7 +66,8 @@ void SubscriberGroup::subscribe(std::size_t count)
     for (std::size_t i = 0; i < count; ++i) {
         subscriptions.push_back(m_transport.openSubscription());
         epoll_event event = {};
-        event.events = EPOLLIN;
+        // One message is read for each event, so that nothing needs to be asked again for.
+        event.events = EPOLLIN | EPOLLET;
         event.data.ptr = subscriptions.back().get();
         if (::epoll_ctl(set.get(), EPOLL_CTL_ADD, subscriptions.back()->descriptor(), &event) < 0)
             throwErrno("epoll_ctl");
