@@ -80,29 +80,21 @@ private:
         return m_cursor == m_end ? nullptr : &faults::JsonTrailing;
     }
 
-    /** Reads a value that is not a container, or goes into containers as far as their first values.
-     */
+    /** Reads one that is not a container, or goes into containers as far as their first values. */
     const Fault* scanValue()
     {
         for (;;) {
             skipSpace();
-            switch (peek()) {
-            case '{':
-                if (const Fault* fault = open(true))
-                    return fault;
-                if (peek() == '}')
-                    return nullptr;
+            const bool object = peek() == '{';
+            if (!object && peek() != '[')
+                return scanScalar();
+            if (const Fault* fault = open(object))
+                return fault;
+            if (peek() == (object ? '}' : ']'))
+                return nullptr;
+            if (object) {
                 if (const Fault* fault = scanName())
                     return fault;
-                break;
-            case '[':
-                if (const Fault* fault = open(false))
-                    return fault;
-                if (peek() == ']')
-                    return nullptr;
-                break;
-            default:
-                return scanScalar();
             }
         }
     }
@@ -126,24 +118,16 @@ private:
         return nullptr;
     }
 
+    // A ladder, because most values are found on its first two steps.
     const Fault* scanScalar()
     {
-        switch (peek()) {
-        case '"': {
+        if (peek() == '"') {
             JsonString string;
             if (const Fault* fault = scanString(string))
                 return fault;
             return report(m_handler.string(string));
         }
-        case 't':
-            return takeWord("true") ? report(m_handler.boolean(true)) : &faults::JsonValue;
-        case 'f':
-            return takeWord("false") ? report(m_handler.boolean(false)) : &faults::JsonValue;
-        case 'n':
-            return takeWord("null") ? report(m_handler.null()) : &faults::JsonValue;
-        default: {
-            if (peek() != '-' && (peek() < '0' || peek() > '9'))
-                return &faults::JsonValue;
+        if (peek() == '-' || (peek() >= '0' && peek() <= '9')) {
             Number number;
             const char* cursor = m_cursor;
             if (const Fault* fault = scanNumber(cursor, m_end, number))
@@ -151,7 +135,13 @@ private:
             m_cursor = cursor;
             return report(m_handler.number(number));
         }
-        }
+        if (takeWord("true"))
+            return report(m_handler.boolean(true));
+        if (takeWord("false"))
+            return report(m_handler.boolean(false));
+        if (takeWord("null"))
+            return report(m_handler.null());
+        return &faults::JsonValue;
     }
 
     const Fault* scanName()

@@ -93,7 +93,7 @@ const Fault* scanLine(const char*& cursor, const char* end)
     }
 }
 
-const Fault* takeLine(std::string_view& text, Line& line)
+[[gnu::flatten]] const Fault* takeLine(std::string_view& text, Line& line)
 {
     const char* cursor = text.data();
     if (const Fault* fault = scanLine(cursor, text.data() + text.size()))

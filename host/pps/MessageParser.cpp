@@ -16,7 +16,7 @@ const Fault* report(bool taken)
 
 } // namespace
 
-const Fault* MessageParser::parsePps()
+[[gnu::flatten]] const Fault* MessageParser::parsePps()
 {
     if (const Fault* fault = report(m_builder.start(true)))
         return fault;

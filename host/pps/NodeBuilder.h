@@ -31,10 +31,11 @@ public:
 
     bool start(bool object)
     {
-        if (!add(object ? PPS_TYPE_OBJECT : PPS_TYPE_ARRAY))
+        Node* const node = add(object ? PPS_TYPE_OBJECT : PPS_TYPE_ARRAY);
+        if (!node)
             return false;
+        node->count = 0;
         m_open = m_tree.size() - 1;
-        last().count = 0;
         return true;
     }
 
@@ -47,61 +48,63 @@ public:
 
     bool text(std::string_view value, bool isEscaped)
     {
-        if (!add(PPS_TYPE_STRING))
+        Node* const node = add(PPS_TYPE_STRING);
+        if (!node)
             return false;
         char* const begin = writable(value.data());
         char* const end = begin + value.size();
-        last().string = terminated(begin, isEscaped ? unescapeText(begin, end) : end);
+        node->string = terminated(begin, isEscaped ? unescapeText(begin, end) : end);
         return true;
     }
 
     bool string(const JsonString& value)
     {
-        if (!add(PPS_TYPE_STRING))
+        Node* const node = add(PPS_TYPE_STRING);
+        if (!node)
             return false;
-        last().string = unescaped(value);
+        node->string = unescaped(value);
         return true;
     }
 
     bool number(const Number& value)
     {
-        if (!add(PPS_TYPE_NUMBER))
+        Node* const node = add(PPS_TYPE_NUMBER);
+        if (!node)
             return false;
-        last().isInteger = value.isInteger;
+        node->isInteger = value.isInteger;
         if (value.isInteger)
-            last().integer = value.integer;
+            node->integer = value.integer;
         else
-            last().real = value.real;
+            node->real = value.real;
         return true;
     }
 
     bool boolean(bool value)
     {
-        if (!add(PPS_TYPE_BOOL))
+        Node* const node = add(PPS_TYPE_BOOL);
+        if (!node)
             return false;
-        last().boolean = value;
+        node->boolean = value;
         return true;
     }
 
-    bool null() { return add(PPS_TYPE_NULL); }
-    bool deleted() { return add(PPS_TYPE_DELETED); }
+    bool null() { return add(PPS_TYPE_NULL) != nullptr; }
+    bool deleted() { return add(PPS_TYPE_DELETED) != nullptr; }
 
 private:
-    bool add(pps_type_t type)
+    Node* add(pps_type_t type)
     {
-        if (!m_tree.append())
-            return false;
-        Node& node = last();
-        node.name = m_name;
-        node.next = m_tree.size();
-        node.parent = m_open;
-        node.position = m_open == Node::None ? 0 : m_tree[m_open].count++;
-        node.type = static_cast<std::uint8_t>(type);
+        Node* const node = m_tree.append();
+        if (!node)
+            return nullptr;
+        node->name = m_name;
+        node->next = m_tree.size();
+        node->parent = m_open;
+        node->position = m_open == Node::None ? 0 : m_tree[m_open].count++;
+        node->type = static_cast<std::uint8_t>(type);
         m_name = nullptr;
-        return true;
+        return node;
     }
-
-    Node& last() { return m_tree[m_tree.size() - 1]; }
 
     char* writable(const char* place) { return m_text + (place - m_text); }
 

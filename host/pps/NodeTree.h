@@ -48,13 +48,12 @@ public:
     Node& operator[](std::uint32_t index) { return m_nodes[index]; }
     const Node& operator[](std::uint32_t index) const { return m_nodes[index]; }
 
-    /** Adds a node, whose fields are not set. False when out of memory. */
-    bool append()
+    /** Adds a node, whose fields are not set. Null when out of memory. */
+    Node* append()
     {
         if (m_size == m_capacity && !grow())
-            return false;
-        ++m_size;
-        return true;
+            return nullptr;
+        return &m_nodes[m_size++];
     }
 
     /** Removes all nodes and keeps their memory. */
