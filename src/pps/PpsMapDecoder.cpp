@@ -4,6 +4,7 @@
 #include <tamo/Exception.h>
 
 #include <cstring>
+#include <map>
 
 namespace tamo {
 
@@ -15,14 +16,18 @@ void check(int result)
         throw Exception();
 }
 
+bool beginsWithByteOrderMark(const char* utf8)
+{
+    return utf8[0] == '\xef' && utf8[1] == '\xbb' && utf8[2] == '\xbf';
+}
+
 /** A zero-terminated text of the decoder, all of it. */
 QString textFrom(const char* utf8)
 {
-    constexpr char byteOrderMark[] = "\xef\xbb\xbf";
     // QString::fromUtf8() drops one such mark at the beginning, which is a character like any
     // other.
-    if (std::strncmp(utf8, byteOrderMark, sizeof byteOrderMark - 1) == 0)
-        return QString::fromUtf8(byteOrderMark + QByteArray(utf8));
+    if (beginsWithByteOrderMark(utf8))
+        return QString::fromUtf8("\xef\xbb\xbf" + QByteArray(utf8));
     return QString::fromUtf8(utf8);
 }
 
@@ -49,16 +54,26 @@ PpsMapDecoder::~PpsMapDecoder()
 
 QVariantMap PpsMapDecoder::members()
 {
-    QVariantMap map;
+    // QMap::insert() copies each name and value; a standard map takes them over, and QMap takes
+    // over the map. (Qt 5's copies it once.)
+    std::map<QString, QVariant> map;
     const int length = pps_decoder_length(&m_decoder);
+    const char* previousName = nullptr;
+    bool isAscending = true;
     for (int index = 0; index < length; ++index) {
         check(pps_decoder_goto_index(&m_decoder, index));
-        const QString name = textFrom(pps_decoder_name(&m_decoder));
-        // Text that encode() wrote is in the map's own order, and the end is then the place; for
-        // any other text the map looks for the place itself.
-        map.insert(map.cend(), name, value());
+        const char* const name = pps_decoder_name(&m_decoder);
+        isAscending = isAscending && (index == 0 || std::strcmp(previousName, name) < 0);
+        previousName = name;
+        QVariant member = value();
+        // As long as the names ascend, which those that encode() wrote all do, each is a new one,
+        // and its place is the end. Any other may be a repetition.
+        if (isAscending)
+            map.emplace_hint(map.cend(), textFrom(name), std::move(member));
+        else
+            map.insert_or_assign(textFrom(name), std::move(member));
     }
-    return map;
+    return QVariantMap(std::move(map));
 }
 
 QVariant PpsMapDecoder::value()
