@@ -35,19 +35,6 @@ std::string fullName(const CLI::App& app)
                                        : fullName(*app.get_parent()) + ' ' + app.get_name();
 }
 
-// CLI11 misses the subcommand before it says that there is none of that name.
-std::string sentenceOf(const CLI::ParseError& error, const CLI::App& command)
-{
-    if (command.get_require_subcommand_min() == 0)
-        return error.what();
-    std::string names;
-    for (const CLI::App* known : command.get_subcommands([](const CLI::App*) { return true; }))
-        names += (names.empty() ? "" : ", ") + known->get_name();
-    const std::vector<std::string> unknown = command.remaining();
-    return (unknown.empty() ? "a command is missing" : "there is no command '" + unknown[0] + "'") +
-           "; there are: " + names;
-}
-
 } // namespace
 
 CommandLine::CommandLine() : m_root("A phone in a box, for the applications of a phone", "tamo-box")
@@ -75,10 +62,18 @@ CLI::App& CommandLine::add(CLI::App& parent, const std::string& name,
         });
     command->add_flag("--json", m_options.json, "Print JSON");
     command->callback([this, command, action = std::move(action)] {
-        if (command->get_subcommands().empty())
-            m_exitStatus = action(m_options);
+        if (!command->get_subcommands().empty())
+            return;
+        if (!m_options.rest.empty() && m_restHints.count(command) == 0)
+            throw CLI::ExtrasError(m_options.rest);
+        m_exitStatus = action(m_options);
     });
     return *command;
+}
+
+void CommandLine::takeRest(CLI::App& command, const std::string& hint)
+{
+    m_restHints[&command] = hint;
 }
 
 CLI::App& CommandLine::addGroup(CLI::App& parent, const std::string& name,
@@ -92,10 +87,15 @@ CLI::App& CommandLine::addGroup(CLI::App& parent, const std::string& name,
 int CommandLine::run(int argc, const char* const* argv)
 {
     try {
-        m_root.parse(argc, argv);
+        const char* const* const end = argv + argc;
+        const char* const* const dashes =
+            std::find_if(argv, end, [](const char* text) { return text == std::string("--"); });
+        if (dashes != end)
+            m_options.rest.assign(dashes + 1, end);
+        m_root.parse(static_cast<int>(dashes - argv), argv);
         return m_exitStatus;
     } catch (const CLI::CallForHelp&) {
-        std::cout << deepestCommand(m_root).help();
+        std::cout << m_root.help();
         return 0;
     } catch (const CLI::ParseError& error) {
         return reportUsage(error);
@@ -110,12 +110,28 @@ int CommandLine::run(int argc, const char* const* argv)
     }
 }
 
-int CommandLine::reportUsage(const CLI::ParseError& error)
+std::string CommandLine::sentenceFor(const CLI::ParseError& error, const CLI::App& command) const
+{
+    const auto hint = m_restHints.find(&command);
+    if (hint != m_restHints.end() && dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+        return std::string(error.what()) + "; " + hint->second;
+    if (command.get_require_subcommand_min() == 0)
+        return error.what();
+    // CLI11 misses the subcommand before it says that there is none of that name.
+    std::string names;
+    for (const CLI::App* known : command.get_subcommands([](const CLI::App*) { return true; }))
+        names += (names.empty() ? "" : ", ") + known->get_name();
+    const std::vector<std::string> unknown = command.remaining();
+    return (unknown.empty() ? "a command is missing" : "there is no command '" + unknown[0] + "'") +
+           "; there are: " + names;
+}
+
+int CommandLine::reportUsage(const CLI::ParseError& error) const
 {
     const CLI::App& command = deepestCommand(m_root);
     const bool runs =
         std::count(runningCommands.begin(), runningCommands.end(), command.get_name()) != 0;
-    return complain(sentenceOf(error, command) + "; see '" + fullName(command) + " --help'",
+    return complain(sentenceFor(error, command) + "; see '" + fullName(command) + " --help'",
                     runs ? status::boxFailed : status::usage);
 }
 

@@ -5,7 +5,9 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
 namespace tamobox {
 
@@ -14,6 +16,11 @@ struct CommonOptions
 {
     std::string box; ///< `--box`: empty where it was not given
     bool json = false;
+    /**
+     * What follows the first `--`, as it stands; CLI11, which would take some of it for its own,
+     * never sees it. Empty for commands that do not take it.
+     */
+    std::vector<std::string> rest;
 };
 
 /**
@@ -38,6 +45,9 @@ public:
     CLI::App& add(CLI::App& parent, const std::string& name, const std::string& description,
                   std::function<int(const CommonOptions&)> action);
 
+    /** Lets a command take what follows `--`; `hint` says in a few words what that is. */
+    void takeRest(CLI::App& command, const std::string& hint);
+
     /** Adds a command that is nothing but a group of others, one of which must be given. */
     CLI::App& addGroup(CLI::App& parent, const std::string& name, const std::string& description);
 
@@ -45,10 +55,12 @@ public:
     int run(int argc, const char* const* argv);
 
 private:
-    int reportUsage(const CLI::ParseError& error);
+    std::string sentenceFor(const CLI::ParseError& error, const CLI::App& command) const;
+    int reportUsage(const CLI::ParseError& error) const;
 
     CLI::App m_root;
     CommonOptions m_options;
+    std::map<const CLI::App*, std::string> m_restHints;
     int m_exitStatus = 0;
 };
 

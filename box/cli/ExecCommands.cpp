@@ -3,8 +3,9 @@
 #include "Commands.h"
 #include "GuestProgram.h"
 
+#include "common/Failure.h"
+
 #include <cstdlib>
-#include <memory>
 
 namespace tamobox {
 
@@ -20,13 +21,16 @@ std::string usersShell()
 
 void addExecCommands(CommandLine& commandLine)
 {
-    const auto command = std::make_shared<std::vector<std::string>>();
     CLI::App& exec = commandLine.add(
-        commandLine.root(), "exec", "Run a command beside the application, in its box",
-        [command](const CommonOptions& options) { return runGuest(options.box, *command); });
-    exec.add_option("command", *command, "The command and its arguments, after '--'")
-        ->type_name("COMMAND ARGUMENTS...")
-        ->required();
+        commandLine.root(), "exec",
+        "Run a command beside the application, in its box: tamo-box exec -- COMMAND ARGUMENTS...",
+        [](const CommonOptions& options) {
+            if (options.rest.empty())
+                throw Failure("a command is missing; it comes after '--', as in "
+                              "'tamo-box exec -- COMMAND'");
+            return runGuest(options.box, options.rest);
+        });
+    commandLine.takeRest(exec, "the command comes after '--'");
     exec.footer("Ends with the command's exit status.");
 
     commandLine.add(

@@ -4,6 +4,7 @@
 #include "BoxEntrance.h"
 
 #include "common/BoxEnvironment.h"
+#include "common/BoxSocket.h"
 #include "common/Descriptor.h"
 #include "common/EventLoop.h"
 #include "common/Failure.h"
@@ -57,6 +58,14 @@ pid_t startGuest(const std::vector<std::string>& command, const sigset_t& signal
     return pid;
 }
 
+bool isRunning(const std::string& boxName)
+{
+    for (const RunningBox& box : boxsocket::running())
+        if (box.name == boxName && box.user == getuid())
+            return true;
+    return false;
+}
+
 int waitForGuest(pid_t guest, SignalQueue& signals)
 {
     std::optional<int> result;
@@ -89,7 +98,11 @@ int runGuest(const std::string& boxName, const std::vector<std::string>& command
     const TerminalKeeper terminalKeeper;
     std::signal(SIGCHLD, SIG_DFL);
     SignalQueue signals({SIGTSTP, SIGTTIN, SIGTTOU});
-    return statusForWaitResult(waitForGuest(startGuest(command, signals.previousMask()), signals));
+    const int exitStatus =
+        statusForWaitResult(waitForGuest(startGuest(command, signals.previousMask()), signals));
+    if (exitStatus == status::signalBase + SIGKILL && !isRunning(box.name))
+        throw Failure("the box '" + box.name + "' has ended", exitStatus);
+    return exitStatus;
 }
 
 } // namespace tamobox

@@ -131,10 +131,13 @@ CheckResult checkProcesses()
 CheckResult checkPrograms()
 {
     try {
+        std::string found = "tamo-box-init, ppsfs";
         findOwnProgram("tamo-box-init");
         findOwnProgram("ppsfs");
-        for (const ServiceEntry& service : serviceTable())
+        for (const ServiceEntry& service : serviceTable()) {
             findOwnProgram(service.program);
+            found += ", " + service.program;
+        }
         return good("are there: tamo-box-init, ppsfs, " + std::to_string(serviceTable().size()) +
                     " services");
     } catch (const Failure& failure) {
@@ -148,7 +151,7 @@ CheckResult checkBox()
     const CapturedProgram box = runCaptured({"/proc/self/exe", "run", "--box", name, "--", "test",
                                              "-e", "/pps/services/power/battery"});
     if (box.exitStatus == 0)
-        return good("starts, with /pps and the services, and ends");
+        return good("starts and ends, with /pps and the services");
     return bad(box.firstLine.empty() ? "starts without /pps" : "does not start: " + box.firstLine,
                "what is said above; where all of that is good, this is a fault of tamo-box");
 }

@@ -63,7 +63,8 @@ std::string messageFrom(const std::vector<std::string>& lines)
         }
     }
     if (message.empty())
-        throw Failure("an empty message says nothing", status::usage);
+        throw Failure("a message is missing: give its lines, like StateOfCharge:n:57",
+                      status::usage);
     const MessageReader check(message); // says which line is malformed, which write() does not
     return message;
 }
@@ -96,7 +97,9 @@ int get(const CommonOptions& options, const PpsArguments& arguments)
 
 int set(const CommonOptions& options, const PpsArguments& arguments)
 {
-    const std::string message = messageFrom(arguments.lines);
+    std::vector<std::string> lines = arguments.lines;
+    lines.insert(lines.end(), options.rest.begin(), options.rest.end());
+    const std::string message = messageFrom(lines);
     enterBox(options.box, Depth::Files);
     const bool waits = arguments.wait.count() != 0;
     createIfAsked(arguments);
@@ -165,10 +168,10 @@ void addPpsCommands(CommandLine& commandLine)
     CLI::App& setCommand = add("set", "Publish attributes, or send a request to a mailbox", set);
     setCommand
         .add_option("lines", arguments->lines,
-                    "name:marker:value, or -name to delete one (after '--'); or a lone - for a "
+                    "name:marker:value, or -name, after '--', to delete one; or a lone - for a "
                     "message on standard input")
-        ->type_name("LINE...")
-        ->required();
+        ->type_name("LINE...");
+    commandLine.takeRest(setCommand, "lines that begin with '-' come after '--'");
     setCommand.add_flag("--create", arguments->create, "Create the object where there is none");
     addDurationOption(setCommand, "--wait", arguments->wait,
                       "Wait that long for a mailbox's answer, and print it");

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommandLine.h"
 #include "Commands.h"
-#include "common/Json.h"
 
+#include "common/Failure.h"
+#include "common/Json.h"
 #include "launcher/Launcher.h"
 
 #include <cstdio>
-#include <memory>
 
 namespace tamobox {
 
@@ -24,18 +24,19 @@ void announce(const std::string& box, int pid)
 
 void addRunCommand(CommandLine& commandLine)
 {
-    const auto command = std::make_shared<std::vector<std::string>>();
     CLI::App& run = commandLine.add(
-        commandLine.root(), "run", "Run an application in a box of its own",
-        [command](const CommonOptions& options) {
+        commandLine.root(), "run",
+        "Run an application in a box of its own: tamo-box run -- APPLICATION ARGUMENTS...",
+        [](const CommonOptions& options) {
+            if (options.rest.empty())
+                throw Failure("an application is missing; it comes after '--', as in "
+                              "'tamo-box run -- APPLICATION'");
             Launcher launcher(
-                options.box, *command,
+                options.box, options.rest,
                 options.json ? Launcher::ReadyHandler(announce) : [](const std::string&, int) {});
             return launcher.run();
         });
-    run.add_option("command", *command, "The application and its arguments, after '--'")
-        ->type_name("APPLICATION ARGUMENTS...")
-        ->required();
+    commandLine.takeRest(run, "the application comes after '--'");
     run.footer(
         "Ends with the application's exit status. With --json, a line on standard error says "
         "when the application runs.");

@@ -17,6 +17,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::vector<fs::path> searchPath()
+{
+    const char* const path = std::getenv("PATH");
+    std::istringstream text(path == nullptr ? "/bin:/usr/bin" : path);
+    std::vector<fs::path> directories;
+    for (std::string directory; std::getline(text, directory, ':');)
+        directories.emplace_back(directory.empty() ? "." : directory);
+    return directories;
+}
+
+// execvp() says "permission denied" as soon as one directory of PATH may not be searched.
+bool isNowhereInPath(const std::string& name)
+{
+    std::error_code ignored;
+    for (const fs::path& directory : searchPath())
+        if (fs::exists(directory / name, ignored))
+            return false;
+    return name.find('/') == std::string::npos;
+}
+
 bool isExecutable(const fs::path& path)
 {
     std::error_code ignored;
@@ -39,11 +59,9 @@ std::string findOwnProgram(const std::string& name)
 
 std::string findInPath(const std::string& name)
 {
-    const char* const path = std::getenv("PATH");
-    std::istringstream directories(path == nullptr ? "/usr/local/bin:/usr/bin:/bin" : path);
-    for (std::string directory; std::getline(directories, directory, ':');)
-        if (isExecutable(fs::path(directory) / name))
-            return fs::path(directory) / name;
+    for (const fs::path& directory : searchPath())
+        if (isExecutable(directory / name))
+            return directory / name;
     return {};
 }
 
@@ -54,7 +72,7 @@ int executeProgram(const std::vector<std::string>& arguments)
         pointers.push_back(const_cast<char*>(argument.c_str())); // execvp() does not change them
     pointers.push_back(nullptr);
     execvp(pointers[0], pointers.data());
-    return errno;
+    return errno == EACCES && isNowhereInPath(arguments[0]) ? ENOENT : errno;
 }
 
 int statusForExecuteError(int error)
