@@ -30,7 +30,7 @@ using tamo::device::BatteryInfoPrivate;
 using tamo::device::detail::PpsHelper;
 
 // Types are compared as Qt knows them, since Qt 5 and Qt 6 spell some of them differently.
-template <typename T>
+template<typename T>
 const int type = qMetaTypeId<T>();
 const int noValue = QMetaType::Void;
 
@@ -114,11 +114,10 @@ const std::vector<Class>& classes()
         {&BatteryInfo::staticMetaObject,
          "tamo::device::BatteryInfo",
          &QObject::staticMetaObject,
-         {signal("levelChanged", {{type<int>, "level"},
-                                  {type<BatteryInfo::ChargingState>, "chargingState"}})},
+         {signal("levelChanged",
+                 {{type<int>, "level"}, {type<BatteryInfo::ChargingState>, "chargingState"}})},
          {{"level", type<int>, false, false, false, "levelChanged"},
-          {"chargingState", type<BatteryInfo::ChargingState>, false, false, false,
-           "levelChanged"}},
+          {"chargingState", type<BatteryInfo::ChargingState>, false, false, false, "levelChanged"}},
          {{"ChargingState",
            false,
            {{"UnknownChargingState", 0},
