@@ -9,10 +9,10 @@
 namespace tamotest {
 
 /**
- * Starts the calling program again in a private mount namespace, with the machine's own files and an
- * empty directory `/pps` of its own, and returns only there. Call it first in main(), before there are
- * threads. Works as root and as an ordinary user. Where the machine does not allow it, prints the
- * reason and exits with 77 (skipped).
+ * Starts the calling program again in a private mount namespace, with the machine's own files and
+ * an empty directory `/pps` of its own, and returns only there. Call it first in main(), before
+ * there are threads. Works as root and as an ordinary user. Where the machine does not allow it,
+ * prints the reason and exits with 77 (skipped).
  */
 void enterPrivateNamespace(int argc, char** argv);
 
@@ -28,14 +28,16 @@ public:
     /** The process that serves the filesystem. */
     pid_t pid() const { return m_pid; }
 
-    /** Kills that process with SIGKILL and waits for its end; what is open on `/pps` fails from then on. */
+    /** Kills that process with SIGKILL and waits for its end; what is open on `/pps` fails from
+     * then on. */
     void kill();
 
 private:
     pid_t m_pid = -1;
 };
 
-/** Writes one PPS message to an object below `/pps`, creating it and its directories where they are not there. */
+/** Writes one PPS message to an object below `/pps`, creating it and its directories where they are
+ * not there. */
 void publish(const std::string& path, const std::string& text);
 
 } // namespace tamotest
