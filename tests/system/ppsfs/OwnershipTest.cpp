@@ -71,12 +71,11 @@ TEST_F(NamesN4, ModesAreChangedInEveryView)
 
 TEST_F(NamesN4, OwnersMayNotGiveObjectsAway)
 {
+    if (!canBeAnother())
+        GTEST_SKIP() << "takes root, to be several users";
     publish("o", "a:n:1\n");
-    if (canBeAnother()) {
-        ASSERT_EQ(chown("/pps/o", Stranger, Stranger), 0);
-    }
-    const auto giveAway = [] { return chown("/pps/o", 1, 1) == 0 ? 0 : errno; };
-    EXPECT_EQ(canBeAnother() ? asStranger(giveAway) : giveAway(), EPERM);
+    ASSERT_EQ(chown("/pps/o", Stranger, Stranger), 0);
+    EXPECT_EQ(asStranger([] { return chown("/pps/o", 1, 1) == 0 ? 0 : errno; }), EPERM);
 }
 
 TEST_F(NamesN4, StrangersAreHeldToTheMode)
