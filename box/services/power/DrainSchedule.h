@@ -33,7 +33,7 @@ public:
     /** When a step is due, from the beginning on. */
     std::chrono::nanoseconds due(int step) const
     {
-        return std::chrono::nanoseconds(m_duration) / lastStep() * step;
+        return std::chrono::nanoseconds(m_duration) * step / lastStep();
     }
 
 private:
