@@ -53,8 +53,11 @@ pid_t startGuest(const std::vector<std::string>& command, const sigset_t& signal
     }
     writer.reset();
     int error = 0;
-    if (read(reader.get(), &error, sizeof error) == sizeof error)
+    if (read(reader.get(), &error, sizeof error) == sizeof error) {
+        // The box could not end before somebody has waited for this.
+        waitpid(pid, nullptr, 0);
         throw Failure(textForExecuteError(command[0], error), statusForExecuteError(error));
+    }
     return pid;
 }
 

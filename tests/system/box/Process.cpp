@@ -7,6 +7,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -66,7 +67,7 @@ void become(const std::vector<std::string>& command, User user)
     if (user == User::Ordinary &&
         (setgroups(0, nullptr) == -1 || setgid(ordinaryUser) == -1 || setuid(ordinaryUser) == -1))
         std::perror("cannot become an ordinary user");
-    else
+    else if (prctl(PR_SET_PDEATHSIG, SIGKILL) == 0) // nothing stays when the tests are killed
         execvp(arguments[0], arguments.data());
     std::perror(arguments[0]);
     _exit(99);
