@@ -20,10 +20,7 @@ namespace {
 constexpr std::uint32_t OpenFlags =
     FOPEN_DIRECT_IO | FOPEN_STREAM | FOPEN_NOFLUSH | FOPEN_PARALLEL_DIRECT_WRITES;
 
-OpenFile& fileOf(const fuse_file_info* info)
-{
-    return *reinterpret_cast<OpenFile*>(info->fh);
-}
+using Files = HandleTable<OpenFile>;
 
 OpenMode openModeOf(OpenOptions options, int flags)
 {
@@ -32,10 +29,10 @@ OpenMode openModeOf(OpenOptions options, int flags)
             (flags & O_TRUNC) != 0};
 }
 
-fuse_open_out openReply(const OpenFile* file)
+fuse_open_out openReply(std::uint64_t file)
 {
     fuse_open_out reply{};
-    reply.fh = reinterpret_cast<std::uintptr_t>(file);
+    reply.fh = file;
     reply.open_flags = OpenFlags;
     return reply;
 }
@@ -54,11 +51,11 @@ void open(fuse_req_t request, fuse_ino_t id, fuse_file_info* info)
         fuse_reply_err(request, error);
         return;
     }
-    OpenFile* const file = fileSystem.keep(std::move(opened));
+    const std::uint64_t file = fileSystem.files().keep(std::move(opened));
     // By hand: the library's own reply does not know files without a position.
     const fuse_open_out reply = openReply(file);
     if (fuse_reply_buf(request, reinterpret_cast<const char*>(&reply), sizeof reply) != 0)
-        fileSystem.release(file);
+        fileSystem.files().release(file);
 }
 
 /** The library's attributes in the kernel's own structure. */
@@ -114,7 +111,7 @@ void create(fuse_req_t request, fuse_ino_t parent, const char* name, mode_t mode
         fuse_reply_err(request, error);
         return;
     }
-    OpenFile* const file = fileSystem.keep(std::move(opened));
+    const std::uint64_t file = fileSystem.files().keep(std::move(opened));
     struct
     {
         fuse_entry_out entry;
@@ -126,7 +123,7 @@ void create(fuse_req_t request, fuse_ino_t parent, const char* name, mode_t mode
     fileSystem.nodes().remember(view);
     if (fuse_reply_buf(request, reinterpret_cast<const char*>(&reply), sizeof reply) != 0) {
         fileSystem.nodes().forget(reply.entry.nodeid, 1);
-        fileSystem.release(file);
+        fileSystem.files().release(file);
     }
 }
 
@@ -137,7 +134,7 @@ void read(fuse_req_t request, fuse_ino_t, std::size_t size, off_t offset, fuse_f
     if (offset != 0)
         fuse_reply_buf(request, nullptr, 0);
     else
-        fileOf(info).read(request, size, (info->flags & O_NONBLOCK) != 0);
+        Files::of(info).read(request, size, (info->flags & O_NONBLOCK) != 0);
 }
 
 void write(fuse_req_t request, fuse_ino_t, const char* data, std::size_t size, off_t offset,
@@ -145,23 +142,24 @@ void write(fuse_req_t request, fuse_ino_t, const char* data, std::size_t size, o
 {
     // Likewise for a write; under O_APPEND the kernel counts from the end that it believes in.
     const bool continues = offset != 0 && !(info->flags & O_APPEND);
-    const int error = continues ? EFBIG : fileOf(info).write({data, size});
+    const int error = continues ? EFBIG : Files::of(info).write({data, size});
     if (error) {
         fuse_reply_err(request, error);
         return;
     }
-    fileSystemOf(request).wakeList().serve();
+    // The server wakes the subscribers after this reply. Woken before it, the publisher would come
+    // between a subscriber and the message that it is about to ask for.
     fuse_reply_write(request, size);
 }
 
 void poll(fuse_req_t request, fuse_ino_t, fuse_file_info* info, fuse_pollhandle* notification)
 {
-    fileOf(info).poll(request, notification);
+    Files::of(info).poll(request, notification);
 }
 
 void release(fuse_req_t request, fuse_ino_t, fuse_file_info* info)
 {
-    fileSystemOf(request).release(&fileOf(info));
+    fileSystemOf(request).files().release(info->fh);
     fuse_reply_err(request, 0);
 }
 

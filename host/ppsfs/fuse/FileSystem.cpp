@@ -6,8 +6,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <utility>
-
 namespace ppsfs {
 namespace {
 
@@ -29,18 +27,6 @@ FileSystem::FileSystem()
           NodeStatus{geteuid(), getegid(), RootPermissions, timeStamp(), timeStamp(), timeStamp()})
     , m_nodes(m_store.root())
 {
-}
-
-OpenFile* FileSystem::keep(std::unique_ptr<OpenFile> file)
-{
-    OpenFile* const kept = file.get();
-    m_files.emplace(kept, std::move(file));
-    return kept;
-}
-
-void FileSystem::release(OpenFile* file)
-{
-    m_files.erase(file);
 }
 
 struct stat FileSystem::attributesOf(const Node& node)

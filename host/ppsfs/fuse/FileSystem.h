@@ -2,14 +2,13 @@
 #ifndef PPSFS_FILESYSTEM_H
 #define PPSFS_FILESYSTEM_H
 
+#include "DirectoryListing.h"
 #include "FuseApi.h"
+#include "HandleTable.h"
 #include "NodeTable.h"
 #include "ObjectStore.h"
 #include "OpenFile.h"
 #include "WakeList.h"
-
-#include <memory>
-#include <unordered_map>
 
 namespace ppsfs {
 
@@ -24,14 +23,11 @@ public:
     NodeTable& nodes() { return m_nodes; }
     WakeList& wakeList() { return m_wakeList; }
 
-    /** Keeps an open file until release(); the pointer is what the kernel is given for it. */
-    OpenFile* keep(std::unique_ptr<OpenFile> file);
+    /** The objects that are open. To close them is to answer every read that still waits. */
+    HandleTable<OpenFile>& files() { return m_files; }
 
-    /** Closes an open file. */
-    void release(OpenFile* file);
-
-    /** Closes all open files, and so answers every read that still waits. */
-    void releaseAll() { m_files.clear(); }
+    /** The directories that are open. */
+    HandleTable<DirectoryListing>& listings() { return m_listings; }
 
     /** The attributes of a node, as stat() tells them; they are the same in all its views. */
     static struct stat attributesOf(const Node& node);
@@ -40,7 +36,8 @@ private:
     ObjectStore m_store;
     NodeTable m_nodes;
     WakeList m_wakeList;
-    std::unordered_map<const OpenFile*, std::unique_ptr<OpenFile>> m_files;
+    HandleTable<OpenFile> m_files;
+    HandleTable<DirectoryListing> m_listings;
 };
 
 /** The operations on names and attributes, put into the library's table. */

@@ -2,13 +2,10 @@
 #include "FuseServer.h"
 
 #include <fcntl.h>
-#include <poll.h>
-#include <sched.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
@@ -21,39 +18,34 @@ namespace {
 constexpr int EndingSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
 volatile std::sig_atomic_t endAsked = 0;
-
-void askForEnd(int)
-{
-    endAsked = 1;
-}
-
-/** Lets the ending signals in only while waiting, so that none comes between a look and a wait. */
-sigset_t catchEndingSignals()
-{
-    sigset_t blocked;
-    sigemptyset(&blocked);
-    struct sigaction action
-    {
-    };
-    action.sa_handler = askForEnd;
-    for (const int signal : EndingSignals) {
-        sigaddset(&blocked, signal);
-        sigaction(signal, &action, nullptr);
-    }
-    sigset_t before;
-    sigprocmask(SIG_BLOCK, &blocked, &before);
-    for (const int signal : EndingSignals)
-        sigdelset(&before, signal);
-    std::signal(SIGPIPE, SIG_IGN);
-    return before;
-}
+volatile std::sig_atomic_t servedDevice = -1;
 
 /**
- * How long to keep looking for a request that is expected, before going to sleep. A subscriber that
- * is told of a publication asks twice, for its readiness and for the message, and on many machines
- * a wake-up from sleep costs more than all the rest of an answer.
+ * Ends the serving. Where the signal comes just before the next read of the device, nothing would
+ * interrupt that read; so it is told not to wait.
  */
-constexpr std::chrono::microseconds Patience(20);
+void askForEnd(int)
+{
+    const int errorOfTheInterrupted = errno;
+    endAsked = 1;
+    fcntl(servedDevice, F_SETFL, O_NONBLOCK);
+    errno = errorOfTheInterrupted;
+}
+
+void catchEndingSignals(int device)
+{
+    servedDevice = device;
+    struct sigaction action = {};
+    action.sa_handler = askForEnd;
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int signal : EndingSignals) {
+        sigaddset(&ending, signal);
+        sigaction(signal, &action, nullptr);
+    }
+    sigprocmask(SIG_UNBLOCK, &ending, nullptr); // they may have been inherited blocked
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 constexpr unsigned WantedCapabilities = FUSE_CAP_ATOMIC_O_TRUNC | FUSE_CAP_PARALLEL_DIROPS;
 
@@ -93,7 +85,7 @@ FuseServer::FuseServer(int device, FileDescriptor ready) : m_ready(std::move(rea
 
 FuseServer::~FuseServer()
 {
-    m_fileSystem.releaseAll(); // their answers go through the session
+    m_fileSystem.files().clear(); // their last answers go through the session
     std::free(m_buffer.mem);
 }
 
@@ -106,41 +98,20 @@ void FuseServer::initialize(void*, fuse_conn_info* connection)
 
 int FuseServer::run()
 {
-    const sigset_t whileWaiting = catchEndingSignals();
-    pollfd device{fuse_session_fd(m_session.get()), POLLIN, 0};
-    while (!endAsked) {
-        if (const int error = serveAll())
-            return error;
-        if (fuse_session_exited(m_session.get()))
-            return 0;
-        if (ppoll(&device, 1, nullptr, &whileWaiting) < 0 && errno != EINTR)
-            return errno;
-    }
-    return 0;
-}
-
-int FuseServer::serveAll()
-{
-    using Clock = std::chrono::steady_clock;
-    Clock::time_point patientUntil = Clock::time_point::min();
-    for (;;) {
+    catchEndingSignals(fuse_session_fd(m_session.get()));
+    // One blocking read for each request: to poll first, or to read until nothing is left, takes
+    // two more system calls each time that a publication wakes this process.
+    while (!endAsked && !fuse_session_exited(m_session.get())) {
         const int size = fuse_session_receive_buf(m_session.get(), &m_buffer);
-        if (size == -EINTR)
+        if (size == -EINTR || size == -EAGAIN)
             continue;
-        if (size == -EAGAIN && Clock::now() < patientUntil) {
-            sched_yield(); // the one who is to ask may need this processor for it
-            continue;
-        }
-        if (size == 0 || size == -EAGAIN)
-            return 0;
-        if (size < 0)
+        if (size <= 0)
             return -size;
         fuse_session_process_buf(m_session.get(), &m_buffer);
         m_fileSystem.wakeList().serve();
         announce();
-        const bool expecting = m_fileSystem.wakeList().takeExpectation();
-        patientUntil = expecting ? Clock::now() + Patience : Clock::time_point::min();
     }
+    return 0;
 }
 
 void FuseServer::announce()

@@ -34,7 +34,6 @@ public:
 
 private:
     static void initialize(void* fileSystem, fuse_conn_info* connection);
-    int serveAll();
     void announce();
 
     struct SessionDeleter

@@ -42,7 +42,7 @@ std::string resolveDirectory(const std::string& path)
 
 FileDescriptor openDevice()
 {
-    FileDescriptor device(open(Device, O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    FileDescriptor device(open(Device, O_RDWR | O_CLOEXEC));
     if (device)
         return device;
     switch (errno) {

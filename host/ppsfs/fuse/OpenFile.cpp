@@ -49,10 +49,8 @@ void OpenFile::poll(fuse_req_t request, fuse_pollhandle* notification)
     if (notification)
         m_notification.reset(notification);
     unsigned events = 0;
-    if (m_handle->isReadable()) {
+    if (m_handle->isReadable())
         events |= POLLIN | POLLRDNORM;
-        m_wakeList.expectRequest();
-    }
     if (m_handle->isWritable())
         events |= POLLOUT | POLLWRNORM;
     fuse_reply_poll(request, events);
@@ -77,10 +75,8 @@ void OpenFile::serveWaiting()
     }
     // Once is enough until the kernel has asked again: it wakes everybody who polls, and each of
     // them asks anew.
-    if (const auto notification = std::move(m_notification)) {
+    if (const auto notification = std::move(m_notification))
         fuse_lowlevel_notify_poll(notification.get());
-        m_wakeList.expectRequest();
-    }
 }
 
 bool OpenFile::answer(fuse_req_t request, std::size_t size)

@@ -71,7 +71,7 @@ int truncate(int what, const struct stat& wanted, const fuse_file_info* file)
         return 0;
     if (!file || wanted.st_size != 0)
         return EINVAL;
-    reinterpret_cast<OpenFile*>(file->fh)->truncate();
+    HandleTable<OpenFile>::of(file).truncate();
     return 0;
 }
 

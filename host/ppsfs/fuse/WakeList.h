@@ -3,7 +3,6 @@
 #define PPSFS_WAKELIST_H
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 namespace ppsfs {
@@ -25,15 +24,8 @@ public:
     /** Answers what waits on the files in the list, and on those that this wakes in turn. */
     void serve();
 
-    /** Says that a process has been told of something and is about to ask for it. */
-    void expectRequest() { m_requestExpected = true; }
-
-    /** Whether expectRequest() was called since this was asked last. */
-    bool takeExpectation() { return std::exchange(m_requestExpected, false); }
-
 private:
     std::vector<OpenFile*> m_files;
-    bool m_requestExpected = false;
 };
 
 } // namespace ppsfs
