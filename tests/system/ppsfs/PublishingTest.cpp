@@ -160,7 +160,7 @@ TEST_F(PublishingP4, TheLongestTextGoesThroughBuffersAtAnyAddress)
     const PpsDescriptor object("o?wait");
     const PpsDescriptor reader("o", O_RDONLY);
     const std::string longest = textOfSize("o", MaxText);
-    for (const std::size_t offset : {0, 1, 2047, 4095}) {
+    for (const std::size_t offset : {0U, 1U, 2047U, 4095U}) {
         PlacedBuffer from(MaxText, offset);
         std::memcpy(from.data(), longest.data(), MaxText);
         ASSERT_EQ(write(object.get(), from.data(), MaxText), static_cast<ssize_t>(MaxText));
@@ -181,7 +181,7 @@ TEST_F(PublishingP4, NoPartOfALongWriteIsPublished)
         text += "b:n:2\n";
     for (const int flags : {O_WRONLY, O_WRONLY | O_APPEND, O_WRONLY | O_TRUNC}) {
         const PpsDescriptor writer("o", flags);
-        for (const std::size_t offset : {0, 1}) {
+        for (const std::size_t offset : {0U, 1U}) {
             PlacedBuffer from(text.size(), offset);
             std::memcpy(from.data(), text.data(), text.size());
             EXPECT_EQ(write(writer.get(), from.data(), text.size()), -1);
