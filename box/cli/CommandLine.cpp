@@ -5,16 +5,12 @@
 #include "common/Failure.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <iostream>
 
 namespace tamobox {
 
 namespace {
-
-// Their exit status is somebody else's, so that their own failures have a status apart.
-constexpr std::array<const char*, 3> runningCommands = {"run", "exec", "shell"};
 
 int complain(std::string sentence, int exitStatus)
 {
@@ -27,6 +23,13 @@ const CLI::App& deepestCommand(const CLI::App& app)
 {
     const auto given = app.get_subcommands();
     return given.empty() ? app : deepestCommand(*given.front());
+}
+
+// Whether a command's exit status is somebody else's, so that its own failures have a status apart.
+bool runsSomething(const CLI::App& command)
+{
+    const std::string name = command.get_name();
+    return name == "run" || name == "exec" || name == "shell";
 }
 
 std::string fullName(const CLI::App& app)
@@ -100,13 +103,13 @@ int CommandLine::run(int argc, const char* const* argv)
     } catch (const CLI::ParseError& error) {
         return reportUsage(error);
     } catch (const Failure& failure) {
-        const std::string command = deepestCommand(m_root).get_name();
-        const bool runs = std::count(runningCommands.begin(), runningCommands.end(), command) != 0;
         const bool isOwnFailure = failure.exitStatus() <= status::usage;
-        return complain(failure.what(),
-                        runs && isOwnFailure ? status::boxFailed : failure.exitStatus());
+        return complain(failure.what(), runsSomething(deepestCommand(m_root)) && isOwnFailure
+                                            ? status::boxFailed
+                                            : failure.exitStatus());
     } catch (const std::exception& error) {
-        return complain(error.what(), status::failed);
+        return complain(error.what(),
+                        runsSomething(deepestCommand(m_root)) ? status::boxFailed : status::failed);
     }
 }
 
@@ -129,10 +132,8 @@ std::string CommandLine::sentenceFor(const CLI::ParseError& error, const CLI::Ap
 int CommandLine::reportUsage(const CLI::ParseError& error) const
 {
     const CLI::App& command = deepestCommand(m_root);
-    const bool runs =
-        std::count(runningCommands.begin(), runningCommands.end(), command.get_name()) != 0;
     return complain(sentenceFor(error, command) + "; see '" + fullName(command) + " --help'",
-                    runs ? status::boxFailed : status::usage);
+                    runsSomething(command) ? status::boxFailed : status::usage);
 }
 
 } // namespace tamobox

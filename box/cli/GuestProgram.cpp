@@ -77,7 +77,7 @@ int waitForGuest(pid_t guest, SignalQueue& signals)
         while (const auto signal = signals.next()) {
             int waitResult = 0;
             if (signal->ssi_signo != SIGCHLD) {
-                if (!isFromKernel(*signal)) // the terminal's keys reach it themselves
+                if (isFromAnotherProcess(*signal)) // the terminal's keys reach it themselves
                     kill(guest, static_cast<int>(signal->ssi_signo));
             } else if (waitpid(guest, &waitResult, WNOHANG) == guest) {
                 result = waitResult;

@@ -6,7 +6,9 @@
 
 #include <signal.h>
 #include <sys/signalfd.h>
+#include <unistd.h>
 
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 
@@ -37,11 +39,13 @@ private:
     Descriptor m_descriptor;
 };
 
-/** Whether a signal came from the kernel (the terminal's keys, a hang-up) and not from a process.
+/**
+ * Whether another process sent a signal, and not the kernel (the terminal's keys, a hang-up) or
+ * this process itself (by writing to a closed pipe).
  */
-inline bool isFromKernel(const signalfd_siginfo& signal)
+inline bool isFromAnotherProcess(const signalfd_siginfo& signal)
 {
-    return signal.ssi_code == SI_KERNEL;
+    return signal.ssi_code != SI_KERNEL && signal.ssi_pid != static_cast<std::uint32_t>(getpid());
 }
 
 } // namespace tamobox

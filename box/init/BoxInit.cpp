@@ -157,7 +157,7 @@ void BoxInit::readSignals()
     while (const std::optional<signalfd_siginfo> signal = m_signals.next()) {
         if (signal->ssi_signo == SIGCHLD)
             reapChildren();
-        else if (m_application && !isFromKernel(*signal))
+        else if (m_application && isFromAnotherProcess(*signal))
             m_application->noteGroupSignal(static_cast<int>(signal->ssi_signo));
     }
 }

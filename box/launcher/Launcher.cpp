@@ -100,7 +100,6 @@ int Launcher::run()
 
 void Launcher::start()
 {
-    const std::vector<std::string> command = privateRootCommand();
     const Descriptor listening = boxsocket::listen(m_boxName);
     int control[2];
     int complaint[2];
@@ -127,6 +126,9 @@ void Launcher::start()
     plan.arguments = m_command;
     plan.environment = environmentInBox(m_boxName);
     const Descriptor planMemory = plan.toDescriptor();
+    std::vector<std::string> command = privateRootCommand();
+    command.insert(command.end(),
+                   {findOwnProgram("tamo-box-init"), std::to_string(planMemory.get())});
 
     // An ignored SIGCHLD would take the children's ends away from waitpid(), here and in bwrap.
     signal(SIGCHLD, SIG_DFL);
@@ -138,13 +140,13 @@ void Launcher::start()
     if (bwrap == 0) {
         setInherited(controlOfBox.get(), true);
         setInherited(listening.get(), true);
-        becomeBox(command, planMemory.get(), complaintWriter.get());
+        becomeBox(command, complaintWriter.get());
     }
     leaveToApplication(m_callersDescriptors);
 }
 
 // Runs in the new process and does not return.
-void Launcher::becomeBox(std::vector<std::string> command, int planMemory, int complaintWriter)
+void Launcher::becomeBox(const std::vector<std::string>& command, int complaintWriter)
 {
     // What reaches the whole process group is for the application; it must not end the box under
     // it.
@@ -155,7 +157,6 @@ void Launcher::becomeBox(std::vector<std::string> command, int planMemory, int c
     dup2(null, STDIN_FILENO);
     dup2(null, STDOUT_FILENO);
     dup2(complaintWriter, STDERR_FILENO);
-    command.insert(command.end(), {findOwnProgram("tamo-box-init"), std::to_string(planMemory)});
     const int error = executeProgram(command);
     dprintf(STDERR_FILENO, "%s\n", textForExecuteError(command[0], error).c_str());
     _exit(status::boxFailed);
@@ -193,7 +194,8 @@ void Launcher::readSignals()
     while (const std::optional<signalfd_siginfo> signal = m_signals.next()) {
         if (signal->ssi_signo == SIGCHLD)
             reapChildren();
-        else if (!isFromKernel(*signal)) // the terminal's keys reach the application themselves
+        else if (isFromAnotherProcess(
+                     *signal)) // the terminal's keys reach the application themselves
             sendControlMessage(m_control.get(), {ControlMessage::Kind::Signal,
                                                  static_cast<std::int32_t>(signal->ssi_signo)});
     }

@@ -37,7 +37,7 @@ public:
 
 private:
     void start();
-    [[noreturn]] static void becomeBox(std::vector<std::string> command, int planMemory,
+    [[noreturn]] static void becomeBox(const std::vector<std::string>& command,
                                        int complaintWriter);
     void readControl();
     void readSignals();
