@@ -169,6 +169,23 @@ TEST_F(MailboxM5, QueuesAreBoundedInBytesToo)
     EXPECT_EQ(client.write(text), 0);
 }
 
+TEST_F(MailboxM5, RequestsOfClientsThatHaveGoneAreBoundedToo)
+{
+    const PpsDescriptor server("box?serve");
+    const PpsDescriptor waiting("box");
+    const std::string text = "a::" + std::string(1'000'000, 'x') + '\n';
+    int accepted = 0;
+    for (int visits = 0; visits < 20; ++visits) {
+        const PpsDescriptor client("box");
+        while (client.write(text) == 0)
+            ++accepted;
+    }
+    EXPECT_EQ(accepted, 67); // megabytes of 1,000,000, in 64 of 1,048,576
+    EXPECT_FALSE(waiting.isWritable());
+    EXPECT_TRUE(eventually([&] { return waiting.isWritable() || server.read().empty(); }));
+    EXPECT_EQ(waiting.write(text), 0);
+}
+
 TEST_F(MailboxM5, AFullQueueOfAnswersFailsAtOnce)
 {
     const PpsDescriptor server("box?serve");

@@ -211,6 +211,17 @@ TEST_F(PublishingP1, MorePiecesThanTheKernelHandsOverAreAShortWrite)
     EXPECT_EQ(contentOf("o"), "@o\na:n:1\n");
 }
 
+TEST_F(PublishingP1, UnderAppendTheOtherPiecesAreAWriteOfTheirOwn)
+{
+    const PpsDescriptor object("o", O_WRONLY | O_CREAT | O_APPEND);
+    std::string first = "a:n:1\n";
+    std::string second = "b:n:2\n";
+    std::vector<iovec> vector(256, iovec{first.data(), first.size()});
+    vector.resize(300, iovec{second.data(), second.size()});
+    EXPECT_EQ(writev(object.get(), vector.data(), 300), 300 * 6);
+    EXPECT_EQ(contentOf("o"), "@o\na:n:1\nb:n:2\n");
+}
+
 TEST_F(PublishingP1, AppendingDescriptorsPublishLikeOthers)
 {
     const PpsDescriptor object("o", O_WRONLY | O_CREAT | O_APPEND);
