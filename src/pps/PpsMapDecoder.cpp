@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PpsMapDecoder.h"
 
+#include "NameCache.h"
+#include "Utf8Text.h"
+
 #include <tamo/Exception.h>
 
 #include <cstring>
@@ -16,24 +19,9 @@ void check(int result)
         throw Exception();
 }
 
-bool beginsWithByteOrderMark(const char* utf8)
-{
-    return utf8[0] == '\xef' && utf8[1] == '\xbb' && utf8[2] == '\xbf';
-}
-
-/** A zero-terminated text of the decoder, all of it. */
-QString textFrom(const char* utf8)
-{
-    // QString::fromUtf8() drops one such mark at the beginning, which is a character like any
-    // other.
-    if (beginsWithByteOrderMark(utf8))
-        return QString::fromUtf8("\xef\xbb\xbf" + QByteArray(utf8));
-    return QString::fromUtf8(utf8);
-}
-
 } // namespace
 
-PpsMapDecoder::PpsMapDecoder(const QByteArray& text)
+PpsMapDecoder::PpsMapDecoder(const QByteArray& text) : m_names(NameCache::ofThisThread())
 {
     const size_t size = static_cast<size_t>(text.size());
     // The decoder would take the text to end there.
@@ -69,11 +57,16 @@ QVariantMap PpsMapDecoder::members()
         // As long as the names ascend, which those that encode() wrote all do, each is a new one,
         // and its place is the end. Any other may be a repetition.
         if (isAscending)
-            map.emplace_hint(map.cend(), textFrom(name), std::move(member));
+            map.emplace_hint(map.cend(), nameFrom(name), std::move(member));
         else
-            map.insert_or_assign(textFrom(name), std::move(member));
+            map.insert_or_assign(nameFrom(name), std::move(member));
     }
     return QVariantMap(std::move(map));
+}
+
+QString PpsMapDecoder::nameFrom(const char* utf8)
+{
+    return m_names ? m_names->text(utf8) : textFromUtf8(utf8, std::strlen(utf8));
 }
 
 QVariant PpsMapDecoder::value()
@@ -92,7 +85,7 @@ QVariant PpsMapDecoder::value()
     case PPS_TYPE_STRING: {
         const char* string = nullptr;
         check(pps_decoder_get_string(&m_decoder, nullptr, &string));
-        return textFrom(string);
+        return textFromUtf8(string, std::strlen(string));
     }
     case PPS_TYPE_ARRAY: {
         check(pps_decoder_push(&m_decoder, nullptr));

@@ -10,6 +10,8 @@
 
 namespace tamo {
 
+class NameCache;
+
 /** Turns PPS text into a map. Its functions throw tamo::Exception for malformed text. */
 class PpsMapDecoder
 {
@@ -24,9 +26,11 @@ public:
     QVariantMap members();
 
 private:
+    QString nameFrom(const char* utf8);
     QVariant value();
     QVariantList elements();
 
+    NameCache* const m_names;
     QVarLengthArray<char, 2048> m_text;
     pps_decoder_t m_decoder;
 };
