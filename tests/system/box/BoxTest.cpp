@@ -2,6 +2,7 @@
 #include "BoxTest.h"
 
 #include "ProcessTable.h"
+#include "Programs.h"
 
 #include <unistd.h>
 
@@ -65,13 +66,13 @@ void BoxTest::TearDown()
 
 std::vector<std::string> BoxTest::tamoBox(std::vector<std::string> arguments)
 {
-    arguments.insert(arguments.begin(), TAMO_TEST_BOX);
+    arguments.insert(arguments.begin(), Programs::tamoBox());
     return arguments;
 }
 
 std::string BoxTest::helper(const std::string& name)
 {
-    return std::string(TAMO_TEST_HELPERS "/") + name;
+    return Programs::helper(name);
 }
 
 Result BoxTest::run(const std::vector<std::string>& arguments, const std::string& input) const

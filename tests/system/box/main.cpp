@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the tests of the box; ends with 77 (skipped) where this machine cannot run a box.
 #include "Process.h"
+#include "Programs.h"
 
 #include <gtest/gtest.h>
 
@@ -14,8 +15,9 @@ int main(int argc, char** argv)
     // Boxes are found through the network namespace: in one of their own, tests do not see the
     // boxes of other programs. Only root may have one just so; others must have no box running.
     unshare(CLONE_NEWNET);
+    const boxtest::Programs programs;
     for (const boxtest::User user : boxtest::users()) {
-        boxtest::Process doctor({TAMO_TEST_BOX, "doctor"}, user);
+        boxtest::Process doctor({boxtest::Programs::tamoBox(), "doctor"}, user);
         if (doctor.wait() != 0) {
             std::printf("skipped: this machine does not run a box (%s):\n%s%s",
                         boxtest::nameOf(user).c_str(), doctor.output().c_str(),
