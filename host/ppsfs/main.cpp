@@ -12,10 +12,13 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <limits>
 #include <stdexcept>
 #include <string>
 
 namespace {
+
+constexpr int UsageError = 2;
 
 ppsfs::FileDescriptor takeReadyDescriptor(int number)
 {
@@ -54,9 +57,16 @@ int main(int argc, char** argv)
     app.add_option("MOUNTPOINT", mountpoint, "The directory to mount on")->required();
     app.add_option("--ready-fd", readyDescriptor,
                    "A descriptor that gets one byte when the filesystem is being served")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::Range(0, std::numeric_limits<int>::max()));
     app.set_version_flag("--version", "ppsfs " PPSFS_VERSION);
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& asked) { // --help, --version
+        return app.exit(asked);
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "ppsfs: " << error.what() << "; see 'ppsfs --help'\n";
+        return UsageError;
+    }
 
     try {
         serve(mountpoint, readyDescriptor);
