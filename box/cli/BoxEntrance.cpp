@@ -37,20 +37,33 @@ std::string chooseBox()
     return names;
 }
 
-bool isOwnNamespace(const Descriptor& space, const char* ownPath)
+bool isTheSame(const Descriptor& opened, const char* path)
 {
-    struct stat own = {};
     struct stat other = {};
-    return stat(ownPath, &own) == 0 && fstat(space.get(), &other) == 0 &&
+    struct stat own = {};
+    return fstat(opened.get(), &other) == 0 && stat(path, &own) == 0 &&
            own.st_dev == other.st_dev && own.st_ino == other.st_ino;
+}
+
+Failure cannotEnter(const std::string& box)
+{
+    return Failure("the box '" + box + "' cannot be entered from here (" + errorText(errno) +
+                   "); use a shell outside any box, of the same user");
 }
 
 void enterNamespace(const Descriptor& space, int type, const char* ownPath, const std::string& box)
 {
-    if (isOwnNamespace(space, ownPath) || setns(space.get(), type) == 0)
+    if (isTheSame(space, ownPath) || setns(space.get(), type) == 0)
         return;
-    throw Failure("the box '" + box + "' cannot be entered from here (" + errorText(errno) +
-                  "); use a shell outside any box, of the same user");
+    throw cannotEnter(box);
+}
+
+// A namespace of mounts is entered at the root that it was made with, and that is not the box's
+// where the box was started from within a chroot.
+void enterRoot(const Descriptor& directory, const std::string& box)
+{
+    if (!isTheSame(directory, "/") && (fchdir(directory.get()) == -1 || chroot(".") == -1))
+        throw cannotEnter(box);
 }
 
 } // namespace
@@ -71,6 +84,7 @@ EnteredBox enterBox(const std::string& requestedName, Depth depth)
         enterNamespace(introduction.processNamespace, CLONE_NEWPID,
                        "/proc/self/ns/pid_for_children", box.name);
     enterNamespace(introduction.mountNamespace, CLONE_NEWNS, "/proc/self/ns/mnt", box.name);
+    enterRoot(introduction.rootDirectory, box.name);
     if (!restrictCapabilities(capabilities))
         throw systemFailure("cannot give up the capabilities that entering took");
     return box;

@@ -24,7 +24,7 @@ constexpr std::string_view prefix = "tamo-box/";
 constexpr std::size_t longestName = 48;
 constexpr std::size_t longestStatus = 64 * 1024;
 constexpr time_t answerLimitSeconds = 15;
-constexpr int namespaceCount = 3;
+constexpr int descriptorCount = 4;
 
 struct Address
 {
@@ -74,10 +74,10 @@ bool tryListen(int socketToBind, const std::string& name)
     return false;
 }
 
-// The ancillary data that carries the descriptors of a box's namespaces.
+// The ancillary data that carries the descriptors of a box's passed.
 union DescriptorMessage {
     cmsghdr header;
-    char bytes[CMSG_SPACE(sizeof(int) * namespaceCount)];
+    char bytes[CMSG_SPACE(sizeof(int) * descriptorCount)];
 };
 
 Failure noSuchBox(const std::string& name)
@@ -171,13 +171,13 @@ BoxIntroduction connect(const std::string& name)
         throw Failure("the box '" + name + "' does not answer; is it stopped?");
     const cmsghdr* const received = CMSG_FIRSTHDR(&message);
     if (size <= 0 || received == nullptr ||
-        received->cmsg_len != CMSG_LEN(sizeof(int) * namespaceCount))
+        received->cmsg_len != CMSG_LEN(sizeof(int) * descriptorCount))
         throw Failure("the box '" + name + "' has just ended");
-    std::array<int, namespaceCount> namespaces = {};
-    std::memcpy(namespaces.data(), CMSG_DATA(received), sizeof namespaces);
+    std::array<int, descriptorCount> passed = {};
+    std::memcpy(passed.data(), CMSG_DATA(received), sizeof passed);
     status.resize(static_cast<std::size_t>(size));
-    return {std::move(status), Descriptor(namespaces[0]), Descriptor(namespaces[1]),
-            Descriptor(namespaces[2])};
+    return {std::move(status), Descriptor(passed[0]), Descriptor(passed[1]), Descriptor(passed[2]),
+            Descriptor(passed[3])};
 }
 
 void introduce(int listeningSocket, const BoxIntroduction& introduction)
@@ -186,9 +186,9 @@ void introduce(int listeningSocket, const BoxIntroduction& introduction)
         accept4(listeningSocket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!connection || !isOwnPeer(connection.get()))
         return;
-    const std::array<int, namespaceCount> namespaces = {introduction.userNamespace.get(),
-                                                        introduction.mountNamespace.get(),
-                                                        introduction.processNamespace.get()};
+    const std::array<int, descriptorCount> passed = {
+        introduction.userNamespace.get(), introduction.mountNamespace.get(),
+        introduction.processNamespace.get(), introduction.rootDirectory.get()};
     // sendmsg() does not change what it sends.
     iovec text = {const_cast<char*>(introduction.status.data()), introduction.status.size()};
     DescriptorMessage descriptors = {};
@@ -200,8 +200,8 @@ void introduce(int listeningSocket, const BoxIntroduction& introduction)
     cmsghdr* const header = CMSG_FIRSTHDR(&message);
     header->cmsg_level = SOL_SOCKET;
     header->cmsg_type = SCM_RIGHTS;
-    header->cmsg_len = CMSG_LEN(sizeof namespaces);
-    std::memcpy(CMSG_DATA(header), namespaces.data(), sizeof namespaces);
+    header->cmsg_len = CMSG_LEN(sizeof passed);
+    std::memcpy(CMSG_DATA(header), passed.data(), sizeof passed);
     sendmsg(connection.get(), &message, MSG_NOSIGNAL);
 }
 

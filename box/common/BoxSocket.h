@@ -25,6 +25,7 @@ struct BoxIntroduction
     Descriptor userNamespace;
     Descriptor mountNamespace;
     Descriptor processNamespace;
+    Descriptor rootDirectory;
 };
 
 /**

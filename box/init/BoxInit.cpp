@@ -24,7 +24,7 @@ namespace {
 constexpr auto startLimit = std::chrono::seconds(10);
 constexpr std::size_t longestShownCommand = 16 * 1024;
 
-Descriptor openNamespace(const char* path)
+Descriptor openForGuests(const char* path)
 {
     Descriptor opened(open(path, O_RDONLY | O_CLOEXEC));
     if (!opened)
@@ -43,9 +43,10 @@ BoxInit::BoxInit(BoxPlan plan) : m_plan(std::move(plan)), m_callersDescriptors(o
 int BoxInit::run()
 {
     mountProcesses();
-    m_introduction.userNamespace = openNamespace("/proc/self/ns/user");
-    m_introduction.mountNamespace = openNamespace("/proc/self/ns/mnt");
-    m_introduction.processNamespace = openNamespace("/proc/self/ns/pid");
+    m_introduction.userNamespace = openForGuests("/proc/self/ns/user");
+    m_introduction.mountNamespace = openForGuests("/proc/self/ns/mnt");
+    m_introduction.processNamespace = openForGuests("/proc/self/ns/pid");
+    m_introduction.rootDirectory = openForGuests("/");
     startFilesystem();
     if (!restrictCapabilities(m_plan.capabilities))
         throw systemFailure("cannot give up the capabilities that mounting took");
