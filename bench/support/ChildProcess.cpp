@@ -17,12 +17,16 @@ namespace tamobench {
 ChildProcess::ChildProcess(const std::function<void()>& body)
 {
     std::cout.flush();
+    const pid_t parent = ::getpid();
     m_pid = ::fork();
     if (m_pid < 0)
         throwErrno("fork");
     if (m_pid > 0)
         return;
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // The parent may have gone before that took effect; nobody would end this process then.
+    if (::getppid() != parent)
+        ::_exit(EXIT_FAILURE);
     try {
         body();
         ::_exit(EXIT_SUCCESS);
