@@ -40,6 +40,8 @@ double BatteryApplication::publish()
     const std::int64_t start = now();
     m_publisher->publish();
     awaitDone("hear of the level");
+    if (*m_heard < start)
+        throw std::logic_error("the application is out of step with the publisher");
     return static_cast<double>(*m_heard - start);
 }
 

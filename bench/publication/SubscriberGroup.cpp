@@ -23,12 +23,13 @@ const std::string attribute = "value::";
 
 SubscriberGroup::SubscriberGroup(Transport& transport, std::size_t processes,
                                  std::size_t subscriptionsEach)
-    : m_transport(transport), m_done(::eventfd(0, EFD_CLOEXEC), "eventfd")
+    : m_transport(transport)
+    , m_size(processes * subscriptionsEach)
+    , m_done(::eventfd(0, EFD_CLOEXEC), "eventfd")
 {
     for (std::size_t i = 0; i < processes; ++i)
         m_processes.emplace_back([this, subscriptionsEach] { subscribe(subscriptionsEach); });
-    while (m_state->opened < processes * subscriptionsEach)
-        awaitDone("open its subscription");
+    awaitDone("open its subscription");
     m_publisher = transport.openPublisher();
 }
 
@@ -41,11 +42,13 @@ double SubscriberGroup::publish(std::size_t size)
     text += '\n';
     m_publisher->prepare(text);
     state.size = size;
-    state.unread = state.opened.load();
+    state.unread = m_size;
 
     const std::int64_t start = now();
     m_publisher->publish();
     awaitDone("read a publication");
+    if (state.unread != 0 || state.lastRead < start)
+        throw std::logic_error("the subscribers are out of step with the publisher");
     return static_cast<double>(state.lastRead - start);
 }
 
@@ -72,8 +75,9 @@ void SubscriberGroup::subscribe(std::size_t count)
         if (::epoll_ctl(set.get(), EPOLL_CTL_ADD, subscriptions.back()->descriptor(), &event) < 0)
             throwErrno("epoll_ctl");
     }
-    m_state->opened += count;
-    ::eventfd_write(m_done.get(), 1);
+    // Only the last one tells: a second event would be taken for the end of a publication.
+    if ((m_state->opened += count) == m_size)
+        ::eventfd_write(m_done.get(), 1);
 
     std::array<epoll_event, 64> events;
     for (;;) {

@@ -53,6 +53,7 @@ private:
     void awaitDone(const char* what);
 
     Transport& m_transport;
+    const std::size_t m_size; ///< how many subscribers there are
     SharedMemory<State> m_state;
     Descriptor m_done;
     std::vector<ChildProcess> m_processes;
