@@ -102,6 +102,7 @@ private:
                 require(line.name.substr(1, name.size()) == name);
                 require(serves || line.name.size() == name.size() + 1);
                 m_address = serves ? line.name : std::string_view();
+                m_sender.clear();
             } else if (line.name == Recipient && !serves && m_handle->object()->isMailbox()) {
                 require(line.value == std::to_string(m_number));
             } else if (line.name == Sender && serves) {
