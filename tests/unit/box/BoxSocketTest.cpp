@@ -58,28 +58,35 @@ TEST(BoxSocketTest, ABoxThatIsNotThereIsSaid)
     }
 }
 
-TEST(BoxSocketTest, AnIntroductionCarriesTheNamespaces)
+TEST(BoxSocketTest, AnIntroductionCarriesTheNamespacesAndTheRoot)
 {
     std::string name = uniqueName();
     const Descriptor listening = boxsocket::listen(name);
     const pid_t box = fork();
     if (box == 0) {
         fcntl(listening.get(), F_SETFL, 0); // waits for the connection
+        const auto opened = [](const char* path) { return Descriptor(open(path, O_RDONLY)); };
         BoxIntroduction introduction;
         introduction.status = "{}";
-        introduction.userNamespace = Descriptor(open("/proc/self/ns/user", O_RDONLY));
-        introduction.mountNamespace = Descriptor(open("/proc/self/ns/mnt", O_RDONLY));
-        introduction.processNamespace = Descriptor(open("/proc/self/ns/pid", O_RDONLY));
+        introduction.userNamespace = opened("/proc/self/ns/user");
+        introduction.mountNamespace = opened("/proc/self/ns/mnt");
+        introduction.processNamespace = opened("/proc/self/ns/pid");
+        introduction.rootDirectory = opened("/");
         boxsocket::introduce(listening.get(), introduction);
         _exit(0);
     }
     const BoxIntroduction introduction = boxsocket::connect(name);
     EXPECT_EQ(introduction.status, "{}");
-    struct stat received = {};
-    struct stat own = {};
-    EXPECT_EQ(fstat(introduction.mountNamespace.get(), &received), 0);
-    EXPECT_EQ(stat("/proc/self/ns/mnt", &own), 0);
-    EXPECT_EQ(received.st_ino, own.st_ino);
+    const auto isThat = [](const Descriptor& received, const char* path) {
+        struct stat other = {};
+        struct stat own = {};
+        return fstat(received.get(), &other) == 0 && stat(path, &own) == 0 &&
+               other.st_dev == own.st_dev && other.st_ino == own.st_ino;
+    };
+    EXPECT_TRUE(isThat(introduction.userNamespace, "/proc/self/ns/user"));
+    EXPECT_TRUE(isThat(introduction.mountNamespace, "/proc/self/ns/mnt"));
+    EXPECT_TRUE(isThat(introduction.processNamespace, "/proc/self/ns/pid"));
+    EXPECT_TRUE(isThat(introduction.rootDirectory, "/"));
 }
 
 } // namespace
