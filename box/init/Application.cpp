@@ -14,6 +14,9 @@ namespace tamobox {
 
 namespace {
 
+// The longest that the launcher takes to tell of a signal that the whole group has got.
+constexpr auto launchersDelay = std::chrono::seconds(1);
+
 void takeStandardStreams(const std::array<int, 3>& streams)
 {
     // They lie above the descriptors that they are copied to, so that none overwrites another.
@@ -68,16 +71,28 @@ Application::Application(const BoxPlan& plan)
 
 void Application::noteGroupSignal(int signal)
 {
-    m_groupSignals.set(static_cast<std::size_t>(signal));
+    ++recentGroupSignals(signal).count;
 }
 
 void Application::passSignal(int signal)
 {
-    const auto index = static_cast<std::size_t>(signal);
-    if (m_groupSignals.test(index))
-        m_groupSignals.reset(index);
+    int& count = recentGroupSignals(signal).count;
+    if (count > 0)
+        --count;
     else
         kill(m_pid, signal);
+}
+
+// The launcher may have met two signals as one, which would leave a count over; it must not keep
+// back a later signal.
+Application::GroupSignals& Application::recentGroupSignals(int signal)
+{
+    GroupSignals& signals = m_groupSignals[static_cast<std::size_t>(signal)];
+    const auto now = std::chrono::steady_clock::now();
+    if (now - signals.latest > launchersDelay)
+        signals.count = 0;
+    signals.latest = now;
+    return signals;
 }
 
 } // namespace tamobox

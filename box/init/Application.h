@@ -6,7 +6,8 @@
 
 #include <sys/types.h>
 
-#include <bitset>
+#include <array>
+#include <chrono>
 #include <csignal>
 
 namespace tamobox {
@@ -33,8 +34,17 @@ public:
     void passSignal(int signal);
 
 private:
+    /** How often the whole group has got a signal that the launcher has not told of yet. */
+    struct GroupSignals
+    {
+        int count = 0;
+        std::chrono::steady_clock::time_point latest;
+    };
+
+    GroupSignals& recentGroupSignals(int signal);
+
     pid_t m_pid = -1;
-    std::bitset<NSIG> m_groupSignals;
+    std::array<GroupSignals, NSIG> m_groupSignals;
 };
 
 } // namespace tamobox
