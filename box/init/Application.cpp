@@ -15,7 +15,7 @@ namespace tamobox {
 namespace {
 
 // The longest that the launcher takes to tell of a signal that the whole group has got.
-constexpr auto launchersDelay = std::chrono::seconds(1);
+constexpr auto launchersDelay = std::chrono::milliseconds(200);
 
 void takeStandardStreams(const std::array<int, 3>& streams)
 {
@@ -71,28 +71,17 @@ Application::Application(const BoxPlan& plan)
 
 void Application::noteGroupSignal(int signal)
 {
-    ++recentGroupSignals(signal).count;
+    m_groupSignals[static_cast<std::size_t>(signal)] = std::chrono::steady_clock::now();
 }
 
+// Not by counting: two signals of a kind that come close together may be one to this process and
+// two to the launcher, or the other way round.
 void Application::passSignal(int signal)
 {
-    int& count = recentGroupSignals(signal).count;
-    if (count > 0)
-        --count;
-    else
+    const auto since =
+        std::chrono::steady_clock::now() - m_groupSignals[static_cast<std::size_t>(signal)];
+    if (since > launchersDelay)
         kill(m_pid, signal);
-}
-
-// The launcher may have met two signals as one, which would leave a count over; it must not keep
-// back a later signal.
-Application::GroupSignals& Application::recentGroupSignals(int signal)
-{
-    GroupSignals& signals = m_groupSignals[static_cast<std::size_t>(signal)];
-    const auto now = std::chrono::steady_clock::now();
-    if (now - signals.latest > launchersDelay)
-        signals.count = 0;
-    signals.latest = now;
-    return signals;
 }
 
 } // namespace tamobox

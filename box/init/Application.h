@@ -34,17 +34,9 @@ public:
     void passSignal(int signal);
 
 private:
-    /** How often the whole group has got a signal that the launcher has not told of yet. */
-    struct GroupSignals
-    {
-        int count = 0;
-        std::chrono::steady_clock::time_point latest;
-    };
-
-    GroupSignals& recentGroupSignals(int signal);
-
     pid_t m_pid = -1;
-    std::array<GroupSignals, NSIG> m_groupSignals;
+    /** When the whole group got each signal last. */
+    std::array<std::chrono::steady_clock::time_point, NSIG> m_groupSignals;
 };
 
 } // namespace tamobox
