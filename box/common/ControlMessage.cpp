@@ -35,9 +35,11 @@ std::optional<ControlMessage> receiveControlMessage(int socket)
 {
     std::array<char, sizeof(Header) + longestText> packet;
     ssize_t size = 0;
+    // A peer that ended without having read all that it was sent is reported once as ECONNRESET,
+    // ahead of what it had sent itself, its last message included.
     do
         size = recv(socket, packet.data(), packet.size(), 0);
-    while (size == -1 && errno == EINTR);
+    while (size == -1 && (errno == EINTR || errno == ECONNRESET));
     if (size < static_cast<ssize_t>(sizeof(Header)))
         return std::nullopt;
     Header header = {};
