@@ -6,9 +6,10 @@
  * A parsed message is a top-level object. Each object-name line (`@status`) is a member of it under
  * that line as it stands, at sign included, and an object of the attributes that follow; attributes
  * before the first such line are members of the top level themselves. A line `-name` is a member of
- * type PPS_TYPE_DELETED; so is `-@name` (an object has been removed, or a mailbox's client has gone),
- * under the name with its at sign, and it ends the object before it. In the text that a mailbox's
- * server reads, `+@control.7` (a client came) is an object member under the line as it stands.
+ * type PPS_TYPE_DELETED; so is `-@name` (an object has been removed, or a mailbox's client has
+ * gone), under the name with its at sign, and it ends the object before it. In the text that a
+ * mailbox's server reads, `+@control.7` (a client came) is an object member under the line as it
+ * stands.
  *
  * The decoder stands on one element of one container. pps_decoder_goto_index() moves along the
  * container, pps_decoder_push() enters the element, pps_decoder_pop() comes back to it.
@@ -48,7 +49,8 @@ typedef enum pps_type {
 } pps_type_t;
 
 /** A decoder. The member is private; the structure lives wherever the caller puts it. */
-typedef struct pps_decoder {
+typedef struct pps_decoder
+{
     struct pps_decoder_state* state;
 } pps_decoder_t;
 
@@ -56,8 +58,8 @@ typedef struct pps_decoder {
  * Makes a decoder and parses PPS text with it. Call pps_decoder_cleanup() in every case, also when
  * this fails.
  *
- * @param buffer zero-terminated text, or NULL for a decoder without text. It is parsed in place: the
- *        bytes are changed, and the strings that the decoder hands out lie in it. It stays the
+ * @param buffer zero-terminated text, or NULL for a decoder without text. It is parsed in place:
+ * the bytes are changed, and the strings that the decoder hands out lie in it. It stays the
  *        caller's and must outlive the decoder's use.
  */
 PPS_EXPORT int pps_decoder_initialize(pps_decoder_t* decoder, char* buffer);
@@ -116,8 +118,8 @@ PPS_EXPORT int pps_decoder_get_bool(const pps_decoder_t* decoder, const char* na
 PPS_EXPORT int pps_decoder_get_int(const pps_decoder_t* decoder, const char* name, int* value);
 
 /**
- * Reads a number that is a whole one in the range of `int64_t`; ERANGE otherwise. What is written as
- * an integer is read exactly, what has a fraction or an exponent is taken as the nearest double.
+ * Reads a number that is a whole one in the range of `int64_t`; ERANGE otherwise. What is written
+ * as an integer is read exactly, what has a fraction or an exponent is taken as the nearest double.
  */
 PPS_EXPORT int pps_decoder_get_int64(const pps_decoder_t* decoder, const char* name,
                                      int64_t* value);

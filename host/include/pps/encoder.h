@@ -16,9 +16,9 @@
  *
  * Conventions of every function here: it returns 0, or -1 with `errno` set, and a call that fails
  * adds nothing. `name` is zero-terminated UTF-8; it is NULL for an element of an array and only
- * there. At the top level of text mode a name must not be empty, begin with `@`, `-` or `+@`, or hold
- * a colon, a line feed or a carriage return. The strings that are passed in stay the caller's and are
- * copied. An encoder is used by one thread at a time; different encoders are independent.
+ * there. At the top level of text mode a name must not be empty, begin with `@`, `-` or `+@`, or
+ * hold a colon, a line feed or a carriage return. The strings that are passed in stay the caller's
+ * and are copied. An encoder is used by one thread at a time; different encoders are independent.
  *
  * `errno` values: EINVAL (a name, a string or a number that the text cannot carry, or a call that
  * does not fit where the encoder stands), EOVERFLOW (nested deeper than PPS_MAX_DEPTH), ENOMEM.
@@ -40,7 +40,8 @@ extern "C" {
  * An encoder. The members are private; the structure lives wherever the caller puts it, and stays
  * there while it is in use: it must not be copied.
  */
-typedef struct pps_encoder {
+typedef struct pps_encoder
+{
     char* data;
     size_t length;
     size_t capacity;
