@@ -36,7 +36,8 @@ class PpsObject;
  * object's name: `{"@battery": {"StateOfCharge": 57.0}}`. An encoded map holds attributes alone,
  * without that level.
  *
- * An accessor is used in the thread that it lives in, which must be that of its PpsObject.
+ * An accessor is used in the thread that constructed it, which must be that of its PpsObject, and
+ * is not moved to another one.
  *
  * @since 0.1
  */

@@ -20,7 +20,9 @@ class BatteryInfoPrivate;
  * with each event loop turn of the thread that constructed it; use it there alone, and do not move
  * it. Nothing fails: what the service has not published, or publishes malformed, is unknown until
  * its next publication. Where the power service's objects do not exist at construction (on a
- * machine without `/pps`), the values stay unknown.
+ * machine without `/pps`), the values stay unknown; where an object is removed, its value is
+ * unknown from then on, also when one of the same name is created later; where `/pps` itself ends,
+ * the last values stay. Construct it after the QCoreApplication.
  *
  * @since 0.1
  */
