@@ -8,7 +8,8 @@ set(generated_dir ${PROJECT_BINARY_DIR}/package)
 
 install(TARGETS tamo EXPORT tamoTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tamo ${TAMO_GENERATED_INCLUDE_DIR}/tamo
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tamo ${PROJECT_SOURCE_DIR}/include/tamomock
+    ${TAMO_GENERATED_INCLUDE_DIR}/tamo
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(EXPORT tamoTargets NAMESPACE tamo:: DESTINATION ${package_dir})
 

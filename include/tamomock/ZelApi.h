@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOMOCK_ZELAPI_H
+#define TAMOMOCK_ZELAPI_H
+
+#include <tamo/export.h>
+#include <tamomock/ZelCore.h>
+#include <tamomock/ZelDeviceInfo.h>
+#include <tamomock/ZelNavigator.h>
+#include <tamomock/ZelScreen.h>
+
+#include <memory>
+
+namespace tamomock {
+
+/**
+ * The event library and its services, as the library calls them: one object for each.
+ *
+ * One ZelApi serves the whole process. Whoever calls the platform keeps the one that is current
+ * when it is constructed, so a substitute is installed before the objects under test are made, and
+ * cleared after they are gone.
+ *
+ * @since 0.1
+ */
+class TAMO_EXPORT ZelApi
+{
+public:
+    /** The objects that a ZelApi holds. Any of them may be null where nothing calls it. */
+    struct Domains
+    {
+        std::unique_ptr<ZelCore> core;
+        std::unique_ptr<ZelDeviceInfo> deviceInfo;
+        std::unique_ptr<ZelNavigator> navigator;
+        std::unique_ptr<ZelScreen> screen;
+    };
+
+    /** The default objects, each of which calls the platform. A test replaces some of them. */
+    static Domains defaultDomains();
+
+    /**
+     * The current object. Where there is none, one of defaultDomains() is made first, which is
+     * never deleted. May be called from any thread, as setInstance() and clearInstance().
+     */
+    static ZelApi* instance();
+
+    /**
+     * Makes an object the current one. It stays the caller's, who takes it back with
+     * clearInstance() before deleting it.
+     *
+     * @throws tamo::Exception where there is a current one, be it the default, which stays; a line
+     *         on standard output says so
+     */
+    static void setInstance(ZelApi* instance);
+
+    /** Takes an object back: there is no current one afterwards. Any other is left as it is. */
+    static void clearInstance(ZelApi* instance);
+
+    /** The object owns the domains. */
+    explicit ZelApi(Domains domains);
+    ZelApi(const ZelApi&) = delete;
+    ZelApi& operator=(const ZelApi&) = delete;
+    virtual ~ZelApi();
+
+    ZelCore* core() const;
+    ZelDeviceInfo* deviceInfo() const;
+    ZelNavigator* navigator() const;
+    ZelScreen* screen() const;
+
+private:
+    const Domains m_domains;
+};
+
+} // namespace tamomock
+
+#endif
