@@ -27,14 +27,15 @@ std::optional<MailboxServer::Client> clientIn(const std::string& memberName,
 } // namespace
 
 MailboxServer::MailboxServer(EventLoop& loop, const std::string& object, RequestHandler onRequest,
-                             LeaveHandler onLeave)
+                             LeaveHandler onLeave, ArrivalHandler onArrival)
     : m_loop(loop)
     , m_name(object.substr(object.rfind('/') + 1))
     , m_file(object, O_RDWR | O_NONBLOCK, "serve")
     , m_onRequest(std::move(onRequest))
     , m_onLeave(std::move(onLeave))
+    , m_onArrival(std::move(onArrival))
 {
-    m_loop.watch(m_file.descriptor(), [this] { readRequests(); });
+    m_loop.watch(m_file.descriptor(), [this] { handOutNext(); });
 }
 
 MailboxServer::~MailboxServer()
@@ -47,35 +48,46 @@ void MailboxServer::address(MessageWriter& answer, Client client) const
     answer.object(m_name + '.' + std::to_string(client));
 }
 
-void MailboxServer::send(MessageWriter& answer)
+MailboxServer::Delivery MailboxServer::send(MessageWriter& answer)
 {
     try {
         m_file.write(answer.text());
+        return Delivery::Sent;
     } catch (const ObjectFailure& failure) {
-        if (failure.error() != ENOENT && failure.error() != EAGAIN)
-            throw;
+        if (failure.error() == ENOENT)
+            return Delivery::Gone;
+        if (failure.error() == EAGAIN)
+            return Delivery::Full;
+        throw;
     }
 }
 
 // One message at a time, so that timers come between the messages of a flood.
-void MailboxServer::readRequests()
+bool MailboxServer::handOutNext()
 {
     const std::optional<std::string> message = m_file.read();
     if (!message)
-        return;
+        return false;
     MessageReader reader(*message);
     const std::string prefix = '@' + m_name + '.';
     while (reader.next()) {
-        const std::optional<Client> client = clientIn(reader.name(), prefix);
-        if (!client) // a client that has come; what matters here is that it asks
+        const std::string name = reader.name();
+        const pps_type_t type = reader.type();
+        const bool comes = name[0] == '+';
+        const std::optional<Client> client = clientIn(comes ? name.substr(1) : name, prefix);
+        if (!client)
             continue;
-        if (reader.type() == PPS_TYPE_DELETED) {
+        if (type == PPS_TYPE_DELETED) {
             m_onLeave(*client);
         } else if (reader.enter(nullptr)) {
-            m_onRequest(*client, reader);
+            if (!comes)
+                m_onRequest(*client, reader);
+            else if (m_onArrival)
+                m_onArrival(*client, reader.integer("pid").value_or(0));
             reader.leave();
         }
     }
+    return true;
 }
 
 } // namespace tamobox

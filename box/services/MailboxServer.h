@@ -7,6 +7,8 @@
 #include "pps/MessageWriter.h"
 #include "pps/ObjectFile.h"
 
+#include <sys/types.h>
+
 #include <functional>
 #include <string>
 
@@ -29,13 +31,29 @@ public:
     using LeaveHandler = std::function<void(Client)>;
 
     /**
+     * Called when a client has come, before everything that it asks; those that are there when the
+     * serving begins come, too.
+     *
+     * @param process that opened the mailbox; 0 where it is outside the box
+     */
+    using ArrivalHandler = std::function<void(Client, pid_t process)>;
+
+    /** What became of a message to a client. */
+    enum class Delivery {
+        Sent,
+        Gone, ///< the client is no longer there
+        Full  ///< it does not read what it is sent; the message is lost
+    };
+
+    /**
      * Serves from now on; requests are handed out by the loop.
      *
      * @param object its path below `/pps`; the last part is its name
+     * @param onArrival may be empty
      * @throws ObjectFailure
      */
     MailboxServer(EventLoop& loop, const std::string& object, RequestHandler onRequest,
-                  LeaveHandler onLeave);
+                  LeaveHandler onLeave, ArrivalHandler onArrival = {});
     ~MailboxServer();
     MailboxServer(const MailboxServer&) = delete;
     MailboxServer& operator=(const MailboxServer&) = delete;
@@ -48,16 +66,22 @@ public:
      *
      * @throws ObjectFailure
      */
-    void send(MessageWriter& answer);
+    Delivery send(MessageWriter& answer);
+
+    /**
+     * Hands out at once what the loop would hand out next.
+     *
+     * @return false where there is nothing
+     */
+    bool handOutNext();
 
 private:
-    void readRequests();
-
     EventLoop& m_loop;
     std::string m_name;
     ObjectFile m_file;
     RequestHandler m_onRequest;
     LeaveHandler m_onLeave;
+    ArrivalHandler m_onArrival;
 };
 
 } // namespace tamobox
