@@ -35,6 +35,11 @@ MessageWriter& MessageWriter::add(const char* name, int value)
     return checked(pps_encoder_add_int(&m_encoder, name, value));
 }
 
+MessageWriter& MessageWriter::add(const char* name, double value)
+{
+    return checked(pps_encoder_add_double(&m_encoder, name, value));
+}
+
 MessageWriter& MessageWriter::add(const char* name, bool value)
 {
     return checked(pps_encoder_add_bool(&m_encoder, name, value));
@@ -48,6 +53,16 @@ MessageWriter& MessageWriter::startObject(const char* name)
 MessageWriter& MessageWriter::endObject()
 {
     return checked(pps_encoder_end_object(&m_encoder));
+}
+
+MessageWriter& MessageWriter::startArray(const char* name)
+{
+    return checked(pps_encoder_start_array(&m_encoder, name));
+}
+
+MessageWriter& MessageWriter::endArray()
+{
+    return checked(pps_encoder_end_array(&m_encoder));
 }
 
 std::string MessageWriter::text()

@@ -27,11 +27,17 @@ public:
     MessageWriter& add(const char* name, const std::string& value);
     MessageWriter& add(const char* name, const char* value);
     MessageWriter& add(const char* name, int value);
+    MessageWriter& add(const char* name, double value);
     MessageWriter& add(const char* name, bool value);
 
     /** What is added next is a member of an attribute that is an object, up to endObject(). */
     MessageWriter& startObject(const char* name);
     MessageWriter& endObject();
+
+    /** What is added next is an element of an attribute that is an array, up to endArray(); the
+     * elements' names are nullptr. */
+    MessageWriter& startArray(const char* name);
+    MessageWriter& endArray();
 
     /** The message so far. */
     std::string text();

@@ -10,6 +10,13 @@ Publisher::Publisher(const std::string& object)
 {
 }
 
+void Publisher::publish(const std::function<void(MessageWriter&)>& fill)
+{
+    MessageWriter message;
+    fill(message.object(m_name));
+    m_file.write(message.text());
+}
+
 std::optional<std::string> Publisher::published() const
 {
     return ObjectFile(m_path, O_RDONLY | O_NONBLOCK).read();

@@ -5,6 +5,7 @@
 #include "pps/MessageWriter.h"
 #include "pps/ObjectFile.h"
 
+#include <functional>
 #include <string>
 
 namespace tamobox {
@@ -24,6 +25,9 @@ public:
         message.object(m_name).add(attribute, value);
         m_file.write(message.text());
     }
+
+    /** Publishes several attributes, which `fill` adds, at once. Throws ObjectFailure. */
+    void publish(const std::function<void(MessageWriter&)>& fill);
 
     /** What is published now; nothing where nothing ever was. Throws ObjectFailure. */
     std::optional<std::string> published() const;
