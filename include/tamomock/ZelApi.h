@@ -3,10 +3,24 @@
 #define TAMOMOCK_ZELAPI_H
 
 #include <tamo/export.h>
+#include <tamomock/ZelAudioDevice.h>
+#include <tamomock/ZelAudioMixer.h>
+#include <tamomock/ZelClock.h>
 #include <tamomock/ZelCore.h>
 #include <tamomock/ZelDeviceInfo.h>
+#include <tamomock/ZelDialog.h>
+#include <tamomock/ZelGeolocation.h>
+#include <tamomock/ZelLed.h>
+#include <tamomock/ZelLocale.h>
+#include <tamomock/ZelMmRenderer.h>
 #include <tamomock/ZelNavigator.h>
+#include <tamomock/ZelNetStatus.h>
+#include <tamomock/ZelOrientation.h>
+#include <tamomock/ZelPaymentService.h>
 #include <tamomock/ZelScreen.h>
+#include <tamomock/ZelSensor.h>
+#include <tamomock/ZelSoundPlayer.h>
+#include <tamomock/ZelVirtualKeyboard.h>
 
 #include <memory>
 
@@ -28,9 +42,23 @@ public:
     struct Domains
     {
         std::unique_ptr<ZelCore> core;
+        std::unique_ptr<ZelAudioDevice> audioDevice;
+        std::unique_ptr<ZelAudioMixer> audioMixer;
+        std::unique_ptr<ZelClock> clock;
         std::unique_ptr<ZelDeviceInfo> deviceInfo;
+        std::unique_ptr<ZelDialog> dialog;
+        std::unique_ptr<ZelGeolocation> geolocation;
+        std::unique_ptr<ZelLed> led;
+        std::unique_ptr<ZelLocale> locale;
+        std::unique_ptr<ZelMmRenderer> mmRenderer;
         std::unique_ptr<ZelNavigator> navigator;
+        std::unique_ptr<ZelNetStatus> netStatus;
+        std::unique_ptr<ZelOrientation> orientation;
+        std::unique_ptr<ZelPaymentService> paymentService;
         std::unique_ptr<ZelScreen> screen;
+        std::unique_ptr<ZelSensor> sensor;
+        std::unique_ptr<ZelSoundPlayer> soundPlayer;
+        std::unique_ptr<ZelVirtualKeyboard> virtualKeyboard;
     };
 
     /** The default objects, each of which calls the platform. A test replaces some of them. */
@@ -61,9 +89,23 @@ public:
     virtual ~ZelApi();
 
     ZelCore* core() const;
+    ZelAudioDevice* audioDevice() const;
+    ZelAudioMixer* audioMixer() const;
+    ZelClock* clock() const;
     ZelDeviceInfo* deviceInfo() const;
+    ZelDialog* dialog() const;
+    ZelGeolocation* geolocation() const;
+    ZelLed* led() const;
+    ZelLocale* locale() const;
+    ZelMmRenderer* mmRenderer() const;
     ZelNavigator* navigator() const;
+    ZelNetStatus* netStatus() const;
+    ZelOrientation* orientation() const;
+    ZelPaymentService* paymentService() const;
     ZelScreen* screen() const;
+    ZelSensor* sensor() const;
+    ZelSoundPlayer* soundPlayer() const;
+    ZelVirtualKeyboard* virtualKeyboard() const;
 
 private:
     const Domains m_domains;

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SubscriptionThread.h"
+
+#include "ConnectionSubscription.h"
+#include "Log.h"
+#include "NeverDestroyed.h"
+
+#include <algorithm>
+#include <system_error>
+#include <thread>
+
+namespace tamo {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds firstPause{1};
+constexpr milliseconds longestPause{512};
+
+} // namespace
+
+SubscriptionThread& SubscriptionThread::instance()
+{
+    static detail::NeverDestroyed<SubscriptionThread> thread;
+    return *thread;
+}
+
+void SubscriptionThread::lookAt(ConnectionSubscription& subscription)
+{
+    const Lock lock(m_mutex);
+    m_looks[&subscription] = {Clock::now(), milliseconds(0)};
+    m_changed.notify_all();
+    if (m_isRunning)
+        return;
+    try {
+        std::thread([this] { run(); }).detach();
+        m_isRunning = true;
+    } catch (const std::system_error&) {
+        // The machine has no thread left; the next connection or disconnection tries again.
+        detail::logLine("SubscriptionThread::lookAt() - failed to start a thread");
+    }
+}
+
+void SubscriptionThread::forget(ConnectionSubscription& subscription)
+{
+    Lock lock(m_mutex);
+    m_looks.erase(&subscription);
+    m_changed.wait(lock, [&] { return m_lookedAt != &subscription; });
+    m_looks.erase(&subscription);
+}
+
+bool SubscriptionThread::settle(milliseconds limit)
+{
+    Lock lock(m_mutex);
+    return m_changed.wait_for(lock, limit, [this] { return isSettled(); });
+}
+
+bool SubscriptionThread::isSettled() const
+{
+    return !(m_lookedAt && m_isFirstLook) &&
+           std::none_of(m_looks.begin(), m_looks.end(),
+                        [](const auto& entry) { return entry.second.pause == milliseconds(0); });
+}
+
+void SubscriptionThread::run()
+{
+    Lock lock(m_mutex);
+    while (!m_looks.empty()) {
+        const auto next =
+            std::min_element(m_looks.begin(), m_looks.end(), [](const auto& a, const auto& b) {
+                return a.second.due < b.second.due;
+            });
+        if (next->second.due > Clock::now()) {
+            const Clock::time_point due = next->second.due;
+            m_changed.wait_until(lock, due);
+            continue;
+        }
+        lookAtOne(lock, *next->first);
+    }
+    m_isRunning = false;
+}
+
+void SubscriptionThread::lookAtOne(Lock& lock, ConnectionSubscription& subscription)
+{
+    const auto entry = m_looks.find(&subscription);
+    const milliseconds pause = entry->second.pause;
+    m_looks.erase(entry);
+    m_lookedAt = &subscription;
+    m_isFirstLook = pause == milliseconds(0);
+    lock.unlock();
+    const bool isOver = subscription.look();
+    lock.lock();
+    m_lookedAt = nullptr;
+    const milliseconds nextPause = std::max(firstPause, pause * 2);
+    // Whoever asked for a look meanwhile gets one now, and not later.
+    if (!isOver && nextPause <= longestPause)
+        m_looks.try_emplace(&subscription, Look{Clock::now() + nextPause, nextPause});
+    m_changed.notify_all();
+}
+
+} // namespace tamo
