@@ -41,6 +41,14 @@ std::optional<double> MessageReader::number(const char* name) const
     return value;
 }
 
+std::optional<bool> MessageReader::boolean(const char* name) const
+{
+    bool value = false;
+    if (pps_decoder_get_bool(&m_decoder, name, &value) == -1)
+        return std::nullopt;
+    return value;
+}
+
 std::optional<int> MessageReader::integer(const char* name) const
 {
     int value = 0;

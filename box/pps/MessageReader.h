@@ -25,6 +25,7 @@ public:
 
     std::optional<std::string> string(const char* name) const;
     std::optional<double> number(const char* name) const;
+    std::optional<bool> boolean(const char* name) const;
 
     /** A number that is a whole one in the range of `int`. */
     std::optional<int> integer(const char* name) const;
