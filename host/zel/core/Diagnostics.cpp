@@ -42,6 +42,9 @@ void say(Level level, const char* format, ...)
     va_end(arguments);
     if (added > 0)
         length = std::min(length + static_cast<std::size_t>(added), sizeof line - 1);
+    // What was sent may be quoted: it must not make lines of its own.
+    std::replace_if(
+        line, line + length, [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
     line[length++] = '\n'; // in the terminating zero's place
     // One write(), and not the stream: another thread may hold the stream's lock while it exits.
     [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line, length);
