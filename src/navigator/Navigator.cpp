@@ -3,6 +3,8 @@
 
 #include "NavigatorImpl.h"
 
+#include <mutex>
+
 namespace tamo {
 
 Navigator::Navigator() = default;

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NavigatorImpl.h"
 
-#include "OrientationEvent.h"
-#include "OrientationRequestImpl.h"
-
 #include "core/Log.h"
 
 #include <tamo/OrientationHandler.h>
 #include <tamomock/ZelApi.h>
 #include <tamomock/ZelNavigator.h>
 
-#include <QtCore/QCoreApplication>
-
 #include <algorithm>
-#include <cerrno>
 #include <iterator>
 
 namespace tamo {

@@ -46,7 +46,8 @@ void NavigatorImpl::setAllowedOrientation(int allow)
 int NavigatorImpl::targetAngle(int allow) const
 {
     const int angle = m_geometry.angle;
-    const int turned = (angle + 90) % 360;
+    // An angle that was accepted may be any number.
+    const auto turned = static_cast<int>((static_cast<long long>(angle) + 90) % 360);
     switch (allow) {
     case AllowPortrait:
         return isDisplayLandscapeForAngle(angle) ? turned : angle;
