@@ -69,8 +69,9 @@ public:
     virtual void setAllowedOrientation(int allow) = 0;
 
     /**
-     * Installs the handler that redraws the window; null: none, and the navigator is told at once
-     * that the window has been redrawn. May be called from any thread.
+     * Installs the handler that redraws the window. Null, the initial value: there is none, and
+     * each turn is answered as redrawn, in the thread that would call the handler. The navigator
+     * keeps the handler until another one is installed. May be called from any thread.
      */
     virtual void setOrientationHandler(QSharedPointer<OrientationHandler> handler) = 0;
 

@@ -9,8 +9,9 @@
 namespace tamo::platform {
 
 /**
- * The version of the phone's operating system, four numbers with dots between; "0.0.0.0" where it
- * is not known. It is asked for anew by each call. May be called from any thread.
+ * The version of the phone's operating system as the phone tells it: four numbers with dots
+ * between, or empty where it does not say; "0.0.0.0" where it cannot be asked. It is asked for anew
+ * by each call. May be called from any thread.
  *
  * @since 0.1
  */
