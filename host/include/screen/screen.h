@@ -4,11 +4,12 @@
  * The screen library: contexts, and the displays that they show.
  *
  * The displays are those that `/pps/services/screen/displays` describes. Where there is no `/pps`,
- * or nothing has been published there, there is one built-in display: 768 x 1280 pixels, 53 x 88
- * mm, at rotation 0.
+ * or nothing has been published there, there is one built-in display: number 1, "Built-in display",
+ * 768 x 1280 pixels, 53 x 88 mm, at rotation 0.
  *
- * A context reads the object anew whenever its displays are asked for; a display's properties are
- * those of the last reading in which it was listed. A display's handle belongs to its context, is
+ * A context reads the object anew whenever its displays are counted, and for each of its events; a
+ * display's properties are those of the last reading in which it was listed, except that one which
+ * a later reading does not list is not attached. A display's handle belongs to its context, is
  * the same whenever the same display id is listed, stays valid until the context is destroyed, also
  * when the display has been detached, and is never NULL.
  *
@@ -77,7 +78,7 @@ enum {
  */
 SCREEN_EXPORT int screen_create_context(screen_context_t* context, int flags);
 
-/** Destroys a context and the displays that belong to it. */
+/** Destroys a context and the displays that belong to it; its events end (<zel/screen.h>). */
 SCREEN_EXPORT int screen_destroy_context(screen_context_t context);
 
 /**
@@ -89,7 +90,7 @@ SCREEN_EXPORT int screen_get_context_property_iv(screen_context_t context, int n
 /**
  * Handles of a context: SCREEN_PROPERTY_DISPLAYS. As many as the context's last
  * SCREEN_PROPERTY_DISPLAY_COUNT said are written, of the displays as they were then; so the two fit
- * together, whatever happens between.
+ * together, whatever happens between. Before the first count there are none to write.
  *
  * @param values room for that many
  */
