@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SubstitutePlatform.h"
+
+#include <tamomock/ScreenApi.h>
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <iterator>
+#include <utility>
+
+namespace tamotest {
+
+SubstitutePlatform::SubstitutePlatform() : m_screen(m_journal)
+{
+    auto core = std::make_unique<SubstituteCore>(m_journal);
+    m_core = core.get();
+    auto navigator = std::make_unique<SubstituteNavigator>(m_journal, *m_core);
+    m_navigator = navigator.get();
+    tamomock::ZelApi::Domains domains;
+    domains.core = std::move(core);
+    domains.navigator = std::move(navigator);
+    m_api = std::make_unique<tamomock::ZelApi>(std::move(domains));
+    tamomock::ZelApi::setInstance(m_api.get());
+    tamomock::ScreenApi::setInstance(&m_screen);
+}
+
+SubstitutePlatform::~SubstitutePlatform()
+{
+    tamomock::ScreenApi::clearInstance(&m_screen);
+    tamomock::ZelApi::clearInstance(m_api.get());
+}
+
+SubstitutePlatform& SubstitutePlatform::shared()
+{
+    static auto& platform = *new SubstitutePlatform;
+    return platform;
+}
+
+std::vector<std::string> SubstitutePlatform::leftovers()
+{
+    eventually([this] { return leftoversNow().empty(); }, std::chrono::seconds(10));
+    return leftoversNow();
+}
+
+std::vector<std::string> SubstitutePlatform::leftoversNow() const
+{
+    std::vector<std::string> found = m_core->leftovers();
+    for (const std::string& operation : m_journal.unmetFailures())
+        found.push_back("planned failure of " + operation);
+    if (const int contexts = m_screen.contextCount())
+        found.push_back("screen contexts: " + std::to_string(contexts));
+    return found;
+}
+
+int threadCount()
+{
+    const std::filesystem::directory_iterator tasks("/proc/self/task");
+    return static_cast<int>(std::distance(begin(tasks), end(tasks)));
+}
+
+PlatformTest::PlatformTest() : m_threadsBefore(threadCount())
+{
+    log.clear();
+}
+
+PlatformTest::~PlatformTest() = default;
+
+void PlatformTest::TearDown()
+{
+    EXPECT_THAT(platform.leftovers(), testing::IsEmpty());
+    EXPECT_TRUE(eventually([this] { return threadCount() <= m_threadsBefore; }))
+        << threadCount() << " threads, " << m_threadsBefore << " before";
+}
+
+SharedPlatformTest::SharedPlatformTest()
+{
+    journal.clear();
+    log.clear();
+}
+
+SharedPlatformTest::~SharedPlatformTest() = default;
+
+void SharedPlatformTest::TearDown()
+{
+    EXPECT_THAT(platform.leftovers(), testing::IsEmpty());
+}
+
+} // namespace tamotest
