@@ -10,7 +10,8 @@
  * queued; it does not wait for what comes of it. Requests and answers may be sent from any thread,
  * initialised or not. All of them fail with ENOENT where there is no `/pps`, EPIPE where there is
  * one and nobody serves the navigator, EAGAIN where it has too many requests unread, EINVAL for an
- * argument outside its range or a text that is not UTF-8. Texts are zero-terminated UTF-8. Texts
+ * argument outside its range or a text that is not UTF-8, EFBIG for a request longer than a message
+ * can be, and with the other errors of open() and write(). Texts are zero-terminated UTF-8. Texts
  * that come out of an event are valid as long as the event; an event of another domain, or one
  * without that part, gives the value that is said to be "none", with `errno` EINVAL.
  */
@@ -69,7 +70,8 @@ typedef enum {
  *
  * @param flags 0
  *
- * Errors: as zel_channel_create(); ENOENT (there is no navigator); and those of open().
+ * Errors: as zel_channel_create(); ENOENT (there is no navigator); EINVAL (flags other than 0); and
+ * those of open().
  */
 ZEL_EXPORT int navigator_request_events(int flags);
 
@@ -79,18 +81,23 @@ ZEL_EXPORT int navigator_get_domain(void);
 /**
  * Has a URL opened by the application that is made for it.
  *
+ * @param url not empty
  * @param error may be NULL; where the call fails, what went wrong, to be freed with zel_free(), or
  * NULL where there is no more to say than `errno`
  */
 ZEL_EXPORT int navigator_invoke(const char* url, char** error);
 
-/** Has a file opened by the application that is made for it. Otherwise as navigator_invoke(). */
+/**
+ * Has a file opened by the application that is made for it. Otherwise as navigator_invoke().
+ *
+ * @param path not empty; a relative one begins at the process' working directory
+ */
 ZEL_EXPORT int navigator_open_file(const char* path, char** error);
 
 /**
  * Puts a URL as an icon among the applications.
  *
- * @param icon_path a picture's file
+ * @param icon_path a picture's file; as the path of navigator_open_file()
  * @param category NULL: the navigator's choice
  * @param error as for navigator_invoke()
  */

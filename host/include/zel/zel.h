@@ -13,9 +13,14 @@
  * channel; a service's events come to the channel that was active when they were asked for.
  *
  * Initialisation is counted for each thread: zel_shutdown() undoes one zel_initialize() of the same
- * thread, and never one of another thread's. With the last one, and when the thread ends, the
- * thread's channels, its registrations and its handlers are freed. Functions that need an
- * initialised thread fail with EPERM in any other.
+ * thread, and never one of another thread's. With the last one, and when the thread ends (after its
+ * `thread_local` objects), the thread's shutdown handlers run, and its channels, its registrations
+ * and its handlers are freed. A process that exits calls and frees nothing, and may exit while its
+ * threads are inside the library. Functions that need an initialised thread fail with EPERM in any
+ * other.
+ *
+ * The child of a fork() starts without initialised threads, without channels and without events:
+ * nothing of the parent's is called or taken from it there. It may initialise itself anew.
  *
  * Conventions: a function that can fail returns 0, or -1 with `errno` set; `errno` is left alone
  * otherwise. Unless it says otherwise a function may be called from any thread. A null pointer
@@ -56,7 +61,7 @@ typedef struct zel_event_payload
 /**
  * Called once for an event of one's own when nobody needs it any more, just before it is freed: in
  * the thread that took it, at the next zel_get_event(), or in the thread that destroys it or its
- * channel.
+ * channel. It may call anything.
  */
 typedef void (*zel_event_completion_t)(zel_event_t* event);
 
@@ -85,9 +90,11 @@ ZEL_EXPORT int zel_initialize(void);
 
 /**
  * Undoes one zel_initialize() of the calling thread. The last one runs the thread's shutdown
- * handlers, the last registered first, and destroys its channels.
+ * handlers, the last registered first, and destroys its channels. A handler may initialise the
+ * thread anew: it then stays initialised, without what it had.
  *
- * Errors: EPERM (the thread is not initialised; nothing happens).
+ * Errors: EPERM (the thread is not initialised, or its initialisation is ending already; nothing
+ * happens).
  */
 ZEL_EXPORT int zel_shutdown(void);
 
@@ -103,7 +110,7 @@ ZEL_EXPORT int zel_channel_create(int* channel);
 /**
  * Makes a channel of the calling thread its active one.
  *
- * @param previous the one that was active before; may be NULL
+ * @param previous the one that was active before, 0 where there was none; may be NULL
  *
  * Errors: EPERM; EINVAL (no such channel, or another thread's).
  */
@@ -129,12 +136,15 @@ ZEL_EXPORT int zel_channel_destroy(int channel);
 /**
  * Takes the next event out of the calling thread's active channel, and waits for one. The event
  * stays the library's and is valid until the next zel_get_event() of the thread, or the channel's
- * end. Signals do not end the waiting.
+ * end. Signals do not end the waiting. Events that are there are taken first, but watched
+ * descriptors are looked at after every 32 of them.
  *
- * @param event the event; NULL where the time was over
+ * @param event the event; NULL where the time was over, and where the call fails for another reason
+ * than EINVAL or EPERM
  * @param timeout_ms how long to wait, in milliseconds; 0: not at all; -1: without limit
  *
- * Errors: as zel_channel_create(); EINVAL (a time below -1).
+ * Errors: as zel_channel_create(); EPERM also where a handler has ended the thread's
+ * initialisation; EINVAL (a time below -1).
  */
 ZEL_EXPORT int zel_get_event(zel_event_t** event, int timeout_ms);
 
@@ -150,7 +160,7 @@ ZEL_EXPORT int zel_push_event(zel_event_t* event);
  * Pushes an event to a channel, whichever thread's. Events of one pushing thread keep their order.
  * The library frees the event from then on.
  *
- * Errors: EINVAL (as zel_push_event(), or no such channel); ENOMEM. The event stays the caller's.
+ * Errors: EINVAL (as zel_push_event(), or no such channel). The event stays the caller's.
  */
 ZEL_EXPORT int zel_channel_push_event(int channel, zel_event_t* event);
 
@@ -168,7 +178,7 @@ ZEL_EXPORT void zel_free(void* memory);
  *
  * @return its number, above those of the services, or -1
  *
- * Errors: EPERM (the thread is not initialised).
+ * Errors: EPERM (the thread is not initialised); ENOMEM (no numbers are left).
  */
 ZEL_EXPORT int zel_register_domain(void);
 
@@ -176,14 +186,16 @@ ZEL_EXPORT int zel_register_domain(void);
  * Has a function called at the end of the calling thread's initialisation, in that thread, while
  * its channels are still there.
  *
- * Errors: EPERM; EINVAL; ENOMEM.
+ * Errors: EPERM (also while shutdown handlers run); EINVAL; ENOMEM.
  */
 ZEL_EXPORT int zel_register_shutdown_handler(zel_end_handler_t handler, void* data);
 
 /**
- * Has a function called when a channel of the calling thread is destroyed, in that thread.
+ * Has a function called when a channel of the calling thread is destroyed, in that thread, while
+ * the channel is still there.
  *
- * Errors: EPERM; EINVAL (also: no such channel, or another thread's); ENOMEM.
+ * Errors: EPERM; EINVAL (also: no such channel, another thread's, or one that is being destroyed);
+ * ENOMEM.
  */
 ZEL_EXPORT int zel_register_channel_destroy_handler(int channel, zel_end_handler_t handler,
                                                     void* data);
@@ -193,8 +205,8 @@ ZEL_EXPORT int zel_register_channel_destroy_handler(int channel, zel_end_handler
  * handler is called whenever the descriptor is ready, and may push events. Readiness is a level:
  * the handler is called again as long as it stays.
  *
- * @param fd stays the caller's; zel_remove_fd() it before closing it
- * @param io_events ZEL_IO_INPUT, ZEL_IO_OUTPUT or both
+ * @param fd stays the caller's; zel_remove_fd() it before closing it, or it may go on being reported
+ * @param io_events ZEL_IO_INPUT, ZEL_IO_OUTPUT or both; ZEL_IO_EXCEPT may be added
  *
  * Errors: as zel_channel_create(); EINVAL; EBADF; EEXIST (the channel watches it already); EPERM
  * (also: a descriptor that cannot be waited for, such as a plain file's).
@@ -253,7 +265,7 @@ ZEL_EXPORT void zel_event_destroy(zel_event_t* event);
 
 /**
  * The payload of an event; valid as long as the event. NULL where it was made without one, which is
- * so for every event of a service.
+ * so for every event of a service; and for NULL, with EINVAL.
  */
 ZEL_EXPORT const zel_event_payload_t* zel_event_get_payload(const zel_event_t* event);
 
