@@ -25,4 +25,5 @@ function(_tamo_find_platform_library name header)
 endfunction()
 
 _tamo_find_platform_library(pps pps/encoder.h)
+_tamo_find_platform_library(screen screen/screen.h)
 _tamo_find_platform_library(zel zel/zel.h)

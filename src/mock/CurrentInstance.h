@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef TAMOMOCK_CURRENTINSTANCE_H
-#define TAMOMOCK_CURRENTINSTANCE_H
+#ifndef TAMO_MOCK_CURRENTINSTANCE_H
+#define TAMO_MOCK_CURRENTINSTANCE_H
+
+#include "core/Log.h"
 
 #include <tamo/Exception.h>
 
 #include <QtCore/QMutex>
 #include <QtCore/QMutexLocker>
 
-#include <iostream>
-
-namespace tamomock {
-namespace detail {
+namespace tamomock::detail {
 
 /** The object of a seam that the whole process uses, if any, and the lock over it. */
 template<class Api>
@@ -27,17 +26,18 @@ public:
         return m_instance;
     }
 
-    /** @throws tamo::Exception where there is one already, after a line on standard output */
+    /** @throws tamo::Exception where there is one already, after a line in the log */
     void set(Api* instance, const char* refusal)
     {
         const QMutexLocker locker(&m_mutex);
         if (m_instance) {
-            std::cout << refusal << std::endl;
+            tamo::detail::logLine(refusal);
             throw tamo::Exception();
         }
         m_instance = instance;
     }
 
+    /** Leaves any other object than the given one current. */
     void clear(const Api* instance)
     {
         const QMutexLocker locker(&m_mutex);
@@ -58,7 +58,6 @@ CurrentInstance<Api>& neverDestroyedInstance()
     return instance;
 }
 
-} // namespace detail
-} // namespace tamomock
+} // namespace tamomock::detail
 
 #endif

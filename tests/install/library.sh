@@ -4,11 +4,13 @@ source "$(dirname "$0")/common.sh"
 library=$PREFIX/$LIBDIR/libtamo.so.0
 
 needed=$(readelf -d "$library" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p')
-allowed="libQt${QT}Core.so.${QT} libpps.so.0 libstdc++.so.6 libgcc_s.so.1 libc.so.6"
+allowed="libQt${QT}Core.so.${QT} libpps.so.0 libscreen.so.0 libzel.so.0 libstdc++.so.6 libgcc_s.so.1 libc.so.6"
 for name in $needed; do
     [[ " $allowed " == *" $name "* ]] || fail "libtamo needs $name"
 done
-[[ $needed == *libpps.so.0* ]] || fail "libtamo does not need libpps"
+for name in pps screen zel; do
+    [[ $needed == *lib$name.so.0* ]] || fail "libtamo does not need lib$name"
+done
 readelf -d "$library" | grep -q 'SONAME.*\[libtamo.so.0\]' || fail "the library's name is another"
 
 # Public classes: those with a header of their own.
