@@ -15,6 +15,9 @@ function(tamo_add_qt_test target)
         ENVIRONMENT ${arg_ENVIRONMENT}
         TIMEOUT ${arg_TIMEOUT})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    if(TAMO_SANITIZE STREQUAL "thread")
+        target_link_libraries(${target} PRIVATE tamo_test_tsan)
+    endif()
 
     set(twin ${target}-without-glib)
     add_test(NAME ${twin} COMMAND ${target})
