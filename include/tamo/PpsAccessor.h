@@ -36,8 +36,9 @@ class PpsObject;
  * object's name: `{"@battery": {"StateOfCharge": 57.0}}`. An encoded map holds attributes alone,
  * without that level.
  *
- * An accessor is used in the thread that constructed it, which must be that of its PpsObject, and
- * is not moved to another one.
+ * An accessor is used in the thread that it lives in, which must be that of its PpsObject. It may
+ * be moved to another thread: an object of its own comes along, the caller's is moved by the caller
+ * before the event loop has its next turn.
  *
  * @since 0.1
  */

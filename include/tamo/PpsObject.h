@@ -26,8 +26,8 @@ class PpsObjectPrivate;
  * nothing to read) and `EINVAL` (the path holds a NUL character or half a surrogate pair, which no
  * file name can). A call that a signal interrupts fails with `EINTR`; it is not repeated.
  *
- * An object is used in the thread that it lives in, which needs an event loop for readyRead(). Move
- * it to another thread only while it is closed.
+ * An object is used in the thread that it lives in, which needs an event loop for readyRead(). It
+ * may be moved to another thread, open or closed.
  *
  * @since 0.1
  */
@@ -125,6 +125,8 @@ Q_SIGNALS:
 protected:
     /** For tests: an object over a substitute for the operating system, whose path is in it. */
     explicit PpsObject(std::unique_ptr<PpsObjectPrivate> substitute, QObject* parent = nullptr);
+
+    bool event(QEvent* event) override;
 
 private:
     const std::unique_ptr<PpsObjectPrivate> d;

@@ -48,9 +48,10 @@ BatteryInfo::ChargingState chargingStateFrom(const QVariantMap& pps, int level)
 } // namespace
 
 BatteryInfoPrivate::BatteryInfoPrivate(BatteryInfo* info)
-    : q(info)
-    , battery(QStringLiteral("/pps/services/power/battery"))
-    , charger(QStringLiteral("/pps/services/power/charger"))
+    : QObject(info)
+    , q(info)
+    , battery(QStringLiteral("/pps/services/power/battery"), this)
+    , charger(QStringLiteral("/pps/services/power/charger"), this)
     , level(levelFrom(battery.read()))
     , chargingState(chargingStateFrom(charger.read(), level))
 {

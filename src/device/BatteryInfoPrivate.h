@@ -12,7 +12,8 @@
 namespace tamo {
 namespace device {
 
-/** A BatteryInfo's values, and the subscriptions that they come from. */
+/** A BatteryInfo's values, and the subscriptions that they come from. It is the BatteryInfo's
+ * child, and they are its children, to be moved to other threads together. */
 class BatteryInfoPrivate : public QObject
 {
     Q_OBJECT

@@ -7,7 +7,8 @@ namespace tamo {
 namespace device {
 namespace detail {
 
-PpsHelper::PpsHelper(const QString& path) : m_object(path), m_accessor(&m_object)
+PpsHelper::PpsHelper(const QString& path, QObject* parent)
+    : QObject(parent), m_object(path, this), m_accessor(&m_object, this)
 {
     connect(&m_accessor, SIGNAL(received(QVariantMap)), this, SIGNAL(received(QVariantMap)));
     connect(&m_accessor, &PpsAccessor::unparsableDataReceived, this,

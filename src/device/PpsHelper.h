@@ -19,7 +19,7 @@ class PpsHelper : public QObject
 
 public:
     /** Opens the object, if it can be opened. */
-    explicit PpsHelper(const QString& path);
+    explicit PpsHelper(const QString& path, QObject* parent = nullptr);
 
     /** What the object holds now; an empty map where it cannot be read, or was not published. */
     QVariantMap read();

@@ -22,7 +22,7 @@ std::optional<QVariantMap> decoded(const QByteArray& data)
 } // namespace
 
 PpsAccessorPrivate::PpsAccessorPrivate(PpsAccessor* accessor, const QString& path)
-    : q(accessor), object(new PpsObject(path, this))
+    : QObject(accessor), q(accessor), object(new PpsObject(path, this))
 {
     if (!object->open(PpsObject::Publish | PpsObject::Subscribe))
         throw Exception();
@@ -30,7 +30,7 @@ PpsAccessorPrivate::PpsAccessorPrivate(PpsAccessor* accessor, const QString& pat
 }
 
 PpsAccessorPrivate::PpsAccessorPrivate(PpsAccessor* accessor, PpsObject* ppsObject)
-    : q(accessor), object(ppsObject)
+    : QObject(accessor), q(accessor), object(ppsObject)
 {
     if (object)
         connect(object, SIGNAL(readyRead()), this, SLOT(readyRead()));

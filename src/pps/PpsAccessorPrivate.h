@@ -12,7 +12,8 @@ namespace tamo {
 
 class PpsAccessor;
 
-/** A PpsAccessor's object, and the slot that follows it. */
+/** A PpsAccessor's object, and the slot that follows it. It is the accessor's child, to be moved to
+ * other threads with it. */
 class PpsAccessorPrivate : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 #include "PpsObjectPrivateImpl.h"
 #include "Utf8Buffer.h"
 
+#include <QtCore/QEvent>
+
 #include <cerrno>
 #include <fcntl.h>
 #include <limits>
@@ -220,6 +222,14 @@ void PpsObject::setReadyReadEnabled(bool enable)
 int PpsObject::error() const
 {
     return d->error;
+}
+
+bool PpsObject::event(QEvent* event)
+{
+    // Sent before the move, which takes the children along.
+    if (event->type() == QEvent::ThreadChange && d->notifier)
+        d->notifier->setParent(this);
+    return QObject::event(event);
 }
 
 } // namespace tamo

@@ -43,7 +43,8 @@ public:
     int error = 0;
     int descriptor = -1;
     bool readyReadEnabled = true;
-    /** Owned, without a parent; null while the object is closed. */
+    /** Owned; null while the object is closed. Without a parent until the object is moved to
+     * another thread, the object's child from then on. */
     QSocketNotifier* notifier = nullptr;
 };
 

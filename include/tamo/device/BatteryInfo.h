@@ -17,12 +17,12 @@ class BatteryInfoPrivate;
  * The battery's level, and what the charger does with it.
  *
  * The values are read when a BatteryInfo is constructed and follow the power service from then on,
- * with each event loop turn of the thread that constructed it; use it there alone, and do not move
- * it. Nothing fails: what the service has not published, or publishes malformed, is unknown until
- * its next publication. Where the power service's objects do not exist at construction (on a
- * machine without `/pps`), the values stay unknown; where an object is removed, its value is
- * unknown from then on, also when one of the same name is created later; where `/pps` itself ends,
- * the last values stay. Construct it after the QCoreApplication.
+ * with each event loop turn of the thread that it lives in; use it there alone. It may be moved to
+ * another thread. Nothing fails: what the service has not published, or publishes malformed, is
+ * unknown until its next publication. Where the power service's objects do not exist at
+ * construction (on a machine without `/pps`), the values stay unknown; where an object is removed,
+ * its value is unknown from then on, also when one of the same name is created later; where `/pps`
+ * itself ends, the last values stay. Construct it after the QCoreApplication.
  *
  * @since 0.1
  */

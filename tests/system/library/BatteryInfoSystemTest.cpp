@@ -3,6 +3,7 @@
 
 #include "PrivatePps.h"
 #include "ProcessorTime.h"
+#include "WorkerThread.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -12,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <future>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -195,6 +197,24 @@ TEST_F(BatteryInfoSystemTest, WorksInAThreadOfItsOwnAndReachesOthersQueued)
         &inThread, [&battery] { battery.reset(); }, Qt::BlockingQueuedConnection);
     thread.quit();
     thread.wait();
+}
+
+TEST_F(BatteryInfoSystemTest, MayBeMovedToAnotherThreadAndDeletedThere)
+{
+    publish(batteryPath, "StateOfCharge:n:57\n");
+    auto battery = std::make_unique<BatteryInfo>();
+    tamotest::WorkerThread worker;
+    battery->moveToThread(&worker);
+    std::promise<int> level;
+    std::promise<QThread*> thread;
+    QObject::connect(battery.get(), &BatteryInfo::levelChanged, battery.get(), [&](int newLevel) {
+        level.set_value(newLevel);
+        thread.set_value(QThread::currentThread());
+    });
+    publish(batteryPath, "StateOfCharge:n:58\n");
+    EXPECT_EQ(tamotest::valueOf(level), 58);
+    EXPECT_EQ(tamotest::valueOf(thread), &worker);
+    worker.run([&battery] { battery.reset(); });
 }
 
 TEST_F(BatteryInfoSystemTest, KeepsItsValuesAndComesToRestWhenTheFilesystemDies)

@@ -4,12 +4,15 @@
 #include <tamo/PpsObject.h>
 
 #include "PrivatePps.h"
+#include "WorkerThread.h"
 
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <future>
+#include <memory>
 
 using tamo::PpsAccessor;
 using tamo::PpsObject;
@@ -98,6 +101,46 @@ TEST_F(PpsAccessorSystemTest, ClientAndServerOfAMailboxTalkInMaps)
     ASSERT_TRUE(answered.wait());
     EXPECT_EQ(answered.at(0).at(0).toMap(),
               (QVariantMap{{"@control", QVariantMap{{"res", "pong"}}}}));
+}
+
+TEST_F(PpsAccessorSystemTest, MayBeMovedToAnotherThreadAndDeletedThere)
+{
+    publish("test", "a:n:1\n");
+    auto accessor = std::make_unique<PpsAccessor>(path);
+    accessor->read();
+    tamotest::WorkerThread worker;
+    accessor->moveToThread(&worker);
+    std::promise<QVariantMap> message;
+    std::promise<QThread*> thread;
+    QObject::connect(accessor.get(), &PpsAccessor::received, accessor.get(),
+                     [&](const QVariantMap& pps) {
+                         message.set_value(pps);
+                         thread.set_value(QThread::currentThread());
+                     });
+    publish("test", "a:n:2\n");
+    EXPECT_EQ(tamotest::valueOf(message), (QVariantMap{{"@test", QVariantMap{{"a", 2.0}}}}));
+    EXPECT_EQ(tamotest::valueOf(thread), &worker);
+    worker.run([&accessor] {
+        EXPECT_TRUE(accessor->send({{"a", 3}}));
+        accessor.reset();
+    });
+}
+
+TEST_F(PpsAccessorSystemTest, FollowsAnObjectThatIsMovedWithIt)
+{
+    publish("test", "a:n:1\n");
+    PpsObject object(path);
+    ASSERT_TRUE(object.open(PpsObject::Subscribe));
+    PpsAccessor accessor(&object);
+    std::promise<QThread*> thread;
+    QObject::connect(&accessor, &PpsAccessor::received, &accessor,
+                     [&thread] { thread.set_value(QThread::currentThread()); });
+    tamotest::WorkerThread worker;
+    accessor.moveToThread(&worker);
+    object.moveToThread(&worker);
+    EXPECT_EQ(tamotest::valueOf(thread), &worker);
+    worker.run([&object] { object.close(); });
+    worker.end();
 }
 
 TEST_F(PpsAccessorSystemTest, RequestWithoutAServerIsNotSent)
