@@ -1,16 +1,17 @@
 # SPDX-License-Identifier: Apache-2.0
 """Writes the C++ of the seam's tests: the platform's functions as recorders, and every slot.
 
-Usage: generate.py TABLE INCLUDE_FOLDER OUTPUT_FOLDER
+Usage: generate.py TABLE INCLUDE_FOLDER DOCUMENT OUTPUT_FOLDER
 """
 import pathlib
 import sys
 
+from offers import read_offers
 from seam_table import Headers, check, read_table
 
 
 def includes(headers):
-    return "".join(f"#include <{name}>\n" for name in headers.names)
+    return "".join(f"#include <{name}>\n" for name in headers.contents)
 
 
 def platform_functions(headers):
@@ -72,7 +73,34 @@ def implementations(classes):
     return "".join(f"#include <tamomock/{seam.name}Impl.h>\n" for seam in classes)
 
 
-def main(table, include_folder, output_folder):
+def host_functions(headers, offers):
+    """A call of each function of the host, with nothing to do for it."""
+    text = '#include "HostFunction.h"\n\n' + includes(headers) + "\n#include <cmath>\n\n"
+    text += ("const std::vector<HostFunction>& hostFunctions()\n{\n"
+             "    static const std::vector<HostFunction> table = {\n")
+    for function, (result, types) in headers.functions.items():
+        call = f"{function}({', '.join(f'static_cast<{kind}>(0)' for kind in types)})"
+        if offers[function] or result == "void":
+            body = f"static_cast<void>({call}); return true;"
+        else:
+            none = headers.nones.get(function, default_none(result))
+            none = {"NULL": "nullptr", "NaN": "NAN"}.get(none, none)
+            body = f"return isSame<{result}>({call}, {none});"
+        works = str(offers[function]).lower()
+        text += f'        {{"{function}", {works}, [] {{ {body} }}}},\n'
+    return text + "    };\n    return table;\n}\n"
+
+
+def default_none(result):
+    return "NULL" if result.endswith("*") else {"bool": "false"}.get(result, "-1")
+
+
+def provider_domains(classes):
+    """Each service's function that tells its domain."""
+    return "".join(f"{seam.slots[1].function},\n" for seam in classes if seam.has_events)
+
+
+def main(table, include_folder, document, output_folder):
     classes = read_table(table)
     headers = Headers(include_folder, ["screen", "zel"])
     check(classes, headers)
@@ -82,6 +110,8 @@ def main(table, include_folder, output_folder):
     (output / "SeamSlots.cpp").write_text(slots(classes))
     (output / "implementations.h").write_text(implementations(classes))
     (output / "domains.inc").write_text(domains(classes))
+    (output / "HostFunctions.cpp").write_text(host_functions(headers, read_offers(document, headers)))
+    (output / "providerDomains.inc").write_text(provider_domains(classes))
 
 
 if __name__ == "__main__":

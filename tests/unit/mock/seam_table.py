@@ -51,16 +51,32 @@ def read_table(path):
 
 
 class Headers:
-    """What the platform's headers declare: functions, and the enumerators of each named enum."""
+    """What the platform's headers declare.
+
+    functions: the result's and the parameters' types; nones: what a comment says that a function
+    returns for "none"; enums: the enumerators of each; contents: each header's functions.
+    """
 
     def __init__(self, folder, names):
         self.functions = {}
+        self.nones = {}
         self.enums = {}
-        self.names = []
+        self.contents = {}
         for name in names:
             for path in sorted(pathlib.Path(folder, name).glob("*.h")):
-                self.names.append(f"{name}/{path.name}")
-                self._read(re.sub(r"/\*.*?\*/", "", path.read_text(), flags=re.S), path)
+                before = set(self.functions)
+                text = path.read_text()
+                self._read(re.sub(r"/\*.*?\*/", "", text, flags=re.S), path)
+                self.contents[f"{name}/{path.name}"] = [
+                    function for function in self.functions if function not in before]
+                self._read_nones(text)
+
+    def _read_nones(self, text):
+        for comment, function in re.findall(
+                r"/\*\*((?:(?!\*/).)*)\*/\s*\w+_EXPORT\s[^(;]*?(\w+)\(", text, flags=re.S):
+            none = re.search(r"(?:None|Unknown)(?: \([^)]*\))?:\s+(\w+|-1)\.", comment)
+            if none:
+                self.nones[function] = none.group(1)
 
     def _read(self, text, path):
         exported = re.findall(r"_EXPORT\s[^;{}#]*?;", text)
