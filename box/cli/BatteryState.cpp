@@ -1,32 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BatteryState.h"
 
-#include "common/Json.h"
-#include "pps/MessageReader.h"
-#include "pps/ObjectFile.h"
+#include "AttributeReader.h"
 
-#include <fcntl.h>
+#include "common/Json.h"
 
 namespace tamobox {
-
-namespace {
-
-/** The attributes of an object: `get` reads one of them; nothing where the object was never
- * published. */
-template<typename Getter>
-auto readAttribute(const char* object, const char* member, Getter get)
-    -> decltype(get(std::declval<MessageReader&>()))
-{
-    const auto text = ObjectFile(object, O_RDONLY | O_NONBLOCK).read();
-    if (!text)
-        return std::nullopt;
-    MessageReader message(*text);
-    if (!message.enter(member))
-        return std::nullopt;
-    return get(message);
-}
-
-} // namespace
 
 BatteryState BatteryState::read()
 {

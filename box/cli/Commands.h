@@ -13,6 +13,7 @@ void addDoctorCommand(CommandLine& commandLine);
 void addStatusCommand(CommandLine& commandLine);
 void addPpsCommands(CommandLine& commandLine);
 void addBatteryCommands(CommandLine& commandLine);
+void addDisplayCommands(CommandLine& commandLine);
 
 } // namespace tamobox
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "AttributeReader.h"
 #include "BatteryState.h"
 #include "BoxEntrance.h"
 #include "CommandLine.h"
 #include "Commands.h"
+#include "DisplayText.h"
 
 #include "common/Failure.h"
 #include "common/Json.h"
@@ -10,24 +12,63 @@
 #include <rapidjson/document.h>
 
 #include <cstdio>
+#include <optional>
+#include <string>
 
 namespace tamobox {
 
 namespace {
 
-void printJson(rapidjson::Document& status, const BatteryState& battery)
+/** What `/pps` says of the phone. */
+struct PhoneState
 {
-    rapidjson::Document batteryJson;
-    batteryJson.Parse(battery.toJson().c_str());
-    status.AddMember("battery", rapidjson::Value(batteryJson, status.GetAllocator()),
-                     status.GetAllocator());
+    BatteryState battery;
+    std::optional<DisplayList> displays;
+    std::string displaysComplaint; // where there is no list
+    std::optional<std::string> osVersion;
+
+    static PhoneState read();
+};
+
+PhoneState PhoneState::read()
+{
+    PhoneState phone;
+    phone.battery = BatteryState::read();
+    phone.osVersion =
+        readAttribute("services/deviceinfo/data", "@data",
+                      [](MessageReader& message) { return message.string("OsVersion"); });
+    try {
+        phone.displays = DisplayList::published();
+    } catch (const ObjectFailure&) {
+        throw;
+    } catch (const Failure& failure) { // what is published is not a list
+        phone.displaysComplaint = failure.what();
+    }
+    return phone;
+}
+
+void addMember(rapidjson::Document& status, const char* name, const std::string& json)
+{
+    rapidjson::Document value(&status.GetAllocator());
+    value.Parse(json.c_str());
+    status.AddMember(rapidjson::StringRef(name), value.Move(), status.GetAllocator());
+}
+
+void printJson(rapidjson::Document& status, const PhoneState& phone)
+{
+    addMember(status, "battery", phone.battery.toJson());
+    addMember(status, "displays", phone.displays ? displaysToJson(*phone.displays) : "null");
+    Json device;
+    device.startObject().key("osVersion");
+    phone.osVersion ? device.string(*phone.osVersion) : device.null();
+    addMember(status, "device", device.endObject().text());
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
     status.Accept(writer);
     std::printf("%s\n", buffer.GetString());
 }
 
-void printText(const rapidjson::Document& status, const BatteryState& battery)
+void printText(const rapidjson::Document& status, const PhoneState& phone)
 {
     std::printf("box          %s\n", status["box"].GetString());
     const rapidjson::Value& application = status["application"];
@@ -42,8 +83,14 @@ void printText(const rapidjson::Document& status, const BatteryState& battery)
             std::printf("service      %s: process %d\n", service["name"].GetString(),
                         service["pid"].GetInt());
     }
-    std::printf("battery      %s\ncharger      %s\n", battery.levelText().c_str(),
-                battery.chargerText().c_str());
+    std::printf("battery      %s\ncharger      %s\n", phone.battery.levelText().c_str(),
+                phone.battery.chargerText().c_str());
+    if (!phone.displays)
+        std::printf("display      %s\n", phone.displaysComplaint.c_str());
+    else
+        for (const Display& display : phone.displays->displays())
+            std::printf("display      %s\n", displaySummary(display).c_str());
+    std::printf("device       version %s\n", phone.osVersion.value_or("unknown").c_str());
 }
 
 } // namespace
@@ -57,11 +104,11 @@ void addStatusCommand(CommandLine& commandLine)
             rapidjson::Document status;
             if (status.Parse(box.status.c_str()).HasParseError())
                 throw Failure("the box '" + box.name + "' is of another version of tamo-box");
-            const BatteryState battery = BatteryState::read();
+            const PhoneState phone = PhoneState::read();
             if (options.json)
-                printJson(status, battery);
+                printJson(status, phone);
             else
-                printText(status, battery);
+                printText(status, phone);
             return 0;
         });
     command.footer("Process ids are those inside the box.");

@@ -10,8 +10,9 @@ int main(int argc, char** argv)
     using namespace tamobox;
     fillStandardDescriptors();
     CommandLine commandLine;
-    for (const auto addCommands : {addRunCommand, addExecCommands, addDoctorCommand,
-                                   addStatusCommand, addPpsCommands, addBatteryCommands})
+    for (const auto addCommands :
+         {addRunCommand, addExecCommands, addDoctorCommand, addStatusCommand, addPpsCommands,
+          addBatteryCommands, addDisplayCommands})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }

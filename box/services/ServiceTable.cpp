@@ -10,6 +10,9 @@ const std::vector<ServiceEntry>& serviceTable()
     static const std::vector<ServiceEntry> table = {
         {"power-service",
          {{"services/power/battery", 0644}, {"services/power/charger", 0644}, {"box/power", 0600}}},
+        {"display-service", {{"services/screen/displays", 0644}, {"box/display", 0600}}},
+        {"device-service",
+         {{"services/deviceinfo/data", 0644}, {"services/deviceinfo/identity", 0644}}},
     };
     return table;
 }
