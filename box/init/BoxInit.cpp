@@ -55,6 +55,9 @@ int BoxInit::run()
     startApplication();
     m_loop.watch(m_plan.listeningSocket, [this] { introduce(); });
     m_loop.runUntil([this] { return m_exitStatus != -1; }, EventLoop::Clock::time_point::max());
+    // A service may have said why the application had to end.
+    for (const auto& service : m_services)
+        service->readRest();
     return m_exitStatus;
 }
 

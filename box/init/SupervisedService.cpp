@@ -54,6 +54,12 @@ void SupervisedService::ended(int waitResult, bool ppsIsThere)
     }
 }
 
+void SupervisedService::readRest()
+{
+    if (m_process)
+        m_process->setEnded();
+}
+
 bool SupervisedService::mayStartAgain()
 {
     const auto now = EventLoop::Clock::now();

@@ -39,6 +39,9 @@ public:
      * there. */
     void ended(int waitResult, bool ppsIsThere);
 
+    /** Hands on what it has complained of until now; it is not listened to any longer. */
+    void readRest();
+
 private:
     void start();
     bool mayStartAgain();
