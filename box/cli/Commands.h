@@ -13,6 +13,8 @@ void addDoctorCommand(CommandLine& commandLine);
 void addStatusCommand(CommandLine& commandLine);
 void addPpsCommands(CommandLine& commandLine);
 void addBatteryCommands(CommandLine& commandLine);
+void addNavigatorCommands(CommandLine& commandLine);
+void addRotateCommand(CommandLine& commandLine);
 void addDisplayCommands(CommandLine& commandLine);
 
 } // namespace tamobox

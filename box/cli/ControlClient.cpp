@@ -53,6 +53,13 @@ void ControlClient::ask(const std::string& command, const std::function<void(Mes
     }
 }
 
+void ControlClient::tell(const std::string& command)
+{
+    MessageWriter message;
+    message.object(m_name).add("msg", command).add("id", "2");
+    send(message.text());
+}
+
 void ControlClient::send(const std::string& request)
 {
     const auto deadline = Clock::now() + serviceLimit;

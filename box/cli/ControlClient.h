@@ -32,6 +32,10 @@ public:
     void ask(const std::string& command, const std::function<void(MessageWriter&)>& fill,
              const ReportHandler& onReport = {});
 
+    /** Sends a command that is not answered; to be called while another is asked for. Throws
+     * Failure. */
+    void tell(const std::string& command);
+
 private:
     void send(const std::string& request);
     std::string await();

@@ -12,7 +12,7 @@ int main(int argc, char** argv)
     CommandLine commandLine;
     for (const auto addCommands :
          {addRunCommand, addExecCommands, addDoctorCommand, addStatusCommand, addPpsCommands,
-          addBatteryCommands, addDisplayCommands})
+          addBatteryCommands, addDisplayCommands, addNavigatorCommands, addRotateCommand})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }

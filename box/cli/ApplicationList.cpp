@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "ApplicationList.h"
+
+#include "MessageJson.h"
+
+#include "pps/ObjectFile.h"
+
+#include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace tamobox {
+
+namespace {
+
+using Row = std::array<std::string, 9>;
+
+const Row heading = {" ",       "group", "pid",      "state", "active",
+                     "listens", "angle", "rotation", "name"};
+
+// What an application says of itself is shown on one line, without control characters.
+std::string text(const rapidjson::Value& object, const char* member)
+{
+    const auto found = object.FindMember(member);
+    if (found == object.MemberEnd() || !found->value.IsString())
+        return {};
+    std::string shown = found->value.GetString();
+    for (char& c : shown)
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f')
+            c = '?';
+    return shown;
+}
+
+std::string number(const rapidjson::Value& object, const char* member)
+{
+    const auto found = object.FindMember(member);
+    const bool isThere = found != object.MemberEnd() && found->value.IsInt();
+    return isThere ? std::to_string(found->value.GetInt()) : std::string();
+}
+
+bool flag(const rapidjson::Value& object, const char* member)
+{
+    const auto found = object.FindMember(member);
+    return found != object.MemberEnd() && found->value.IsTrue();
+}
+
+std::string lineFor(const Row& row, const std::array<std::size_t, 9>& widths)
+{
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i)
+        line += row[i] + std::string(widths[i] - row[i].size() + 2, ' ');
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + '\n';
+}
+
+std::string extrasOf(const rapidjson::Value& application)
+{
+    std::string lines;
+    const std::string indent = "     ";
+    if (application.HasMember("badge"))
+        lines += indent + "badge " + number(application, "badge") + '\n';
+    const auto prompt = application.FindMember("closePrompt");
+    if (prompt != application.MemberEnd() && prompt->value.IsObject())
+        lines += indent + "close prompt '" + text(prompt->value, "title") +
+                 "': " + text(prompt->value, "message") + '\n';
+    const auto uris = application.FindMember("uris");
+    if (uris != application.MemberEnd() && uris->value.IsArray())
+        for (const rapidjson::Value& uri : uris->value.GetArray())
+            if (uri.IsObject())
+                lines += indent + "icon '" + text(uri, "label") + "': " + text(uri, "url") + '\n';
+    return lines;
+}
+
+Row rowFor(const rapidjson::Value& application, const std::string& foreground)
+{
+    const std::string group = text(application, "group");
+    return {group == foreground ? "*" : " ",
+            group,
+            number(application, "pid"),
+            text(application, "state"),
+            flag(application, "active") ? "yes" : "no",
+            flag(application, "listening") ? "yes" : "no",
+            number(application, "angle"),
+            flag(application, "rotationLocked") ? "locked" : "free",
+            text(application, "name")};
+}
+
+} // namespace
+
+ApplicationList ApplicationList::read()
+{
+    ApplicationList list;
+    list.m_json = "{\"foreground\":\"\",\"applications\":[],\"locked\":false}";
+    const auto message =
+        ObjectFile("services/navigator/applications", O_RDONLY | O_NONBLOCK).read();
+    if (!message)
+        return list;
+    rapidjson::Document document;
+    document.Parse(messageToJson(*message).c_str());
+    const auto object = document.FindMember("@applications");
+    if (object == document.MemberEnd())
+        return list;
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    object->value.Accept(writer);
+    list.m_json = buffer.GetString();
+    return list;
+}
+
+std::string ApplicationList::toText() const
+{
+    rapidjson::Document document;
+    document.Parse(m_json.c_str());
+    const std::string lockLine = flag(document, "locked") ? "the screen is locked\n" : "";
+    const auto applications = document.FindMember("applications");
+    if (applications == document.MemberEnd() || !applications->value.IsArray() ||
+        applications->value.Empty())
+        return "no application\n" + lockLine;
+    const std::string foreground = text(document, "foreground");
+    std::vector<Row> rows = {heading};
+    std::vector<std::string> extras = {""};
+    for (const rapidjson::Value& application : applications->value.GetArray()) {
+        if (!application.IsObject())
+            continue;
+        rows.push_back(rowFor(application, foreground));
+        extras.push_back(extrasOf(application));
+    }
+    std::array<std::size_t, 9> widths = {};
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], row[i].size());
+    std::string all;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        all += lineFor(rows[i], widths) + extras[i];
+    return all + lockLine;
+}
+
+} // namespace tamobox

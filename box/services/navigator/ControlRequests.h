@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_CONTROLREQUESTS_H
+#define TAMOBOX_CONTROLREQUESTS_H
+
+#include "ApplicationTable.h"
+#include "Complaints.h"
+#include "Departures.h"
+#include "EventPost.h"
+#include "Turns.h"
+
+#include "services/MailboxServer.h"
+
+#include <map>
+#include <string>
+
+namespace tamobox {
+
+/** Serves the mailbox through which applications ask and answer the navigator. */
+class ControlRequests
+{
+public:
+    /** What it works with; all of it must outlive the object. */
+    struct Surroundings
+    {
+        ApplicationTable& applications;
+        EventPost& post;
+        Turns& turns;
+        Departures& departures;
+        Complaints& complaints;
+        std::function<void()> publish; ///< called when an application has changed
+    };
+
+    ControlRequests(EventLoop& loop, Surroundings surroundings);
+
+    /** Handles at once what applications have asked, up to a flood's beginning; nothing while a
+     * request is being handled. */
+    void catchUp();
+
+private:
+    using Handler = void (ControlRequests::*)(pid_t, MessageReader&);
+
+    static const std::map<std::string, Handler>& handlers();
+    void handle(MailboxServer::Client client, MessageReader& request);
+    void carryOut(pid_t process, MessageReader& request);
+    WindowGroup& applicationOf(pid_t process);
+
+    void answerCheck(pid_t process, MessageReader& request);
+    void answerOrientation(pid_t process, MessageReader& request);
+    void setOrientation(pid_t process, MessageReader& request);
+    void setWindowAngle(pid_t process, MessageReader& request);
+    void lockRotation(pid_t process, MessageReader& request);
+    void extendTimeout(pid_t process, MessageReader& request);
+    void wantSwipeStart(pid_t process, MessageReader& request);
+    void invoke(pid_t process, MessageReader& request);
+    void openFile(pid_t process, MessageReader& request);
+    void addUri(pid_t process, MessageReader& request);
+    void setClosePrompt(pid_t process, MessageReader& request);
+    void setBadge(pid_t process, MessageReader& request);
+    void handOver(const std::string& url);
+
+    Surroundings m_surroundings;
+    std::map<MailboxServer::Client, pid_t> m_clients;
+    bool m_isHandling = false;
+    MailboxServer m_server;
+};
+
+} // namespace tamobox
+
+#endif
