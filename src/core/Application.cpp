@@ -2,6 +2,7 @@
 #include <tamo/Application.h>
 
 #include "ApplicationPrivate.h"
+#include "DispatchGate.h"
 #include "SubscriptionThread.h"
 
 #include <tamo/Navigator.h>
@@ -26,11 +27,14 @@ Application::Application(int& argc, char** argv)
 }
 
 // The connections end here, while this is still an application: later, a signal on its way would
-// meet an object without signals, or post to an event loop that is just being taken down.
+// meet an object without signals, or post to an event loop that is just being taken down. A slot on
+// the dispatch thread that does not end keeps the subscription from ending, too.
 Application::~Application()
 {
+    const bool isQuiet = DispatchGate::instance().shut();
     Navigator::getInstance()->disconnect(this);
-    SubscriptionThread::instance().settle(settlingLimit);
+    if (isQuiet)
+        SubscriptionThread::instance().settle(settlingLimit);
 }
 
 } // namespace tamo

@@ -5,19 +5,25 @@
 #include "SubscriptionThread.h"
 #include "ZelEventDispatcher.h"
 
-#include <tamo/Exception.h>
-
 namespace tamo {
 
-ConnectionSubscription::ConnectionSubscription(const QMetaObject& object, IsConnected isConnected,
+ConnectionSubscription::ConnectionSubscription(QObject& object, const QMetaObject& signals,
+                                               IsConnected isConnected,
                                                StandardZelEventHandler& handler, int flags)
-    : m_object(object), m_isConnected(std::move(isConnected)), m_handler(handler), m_flags(flags)
+    : m_object(object)
+    , m_signals(signals)
+    , m_isConnected(std::move(isConnected))
+    , m_handler(handler)
+    , m_flags(flags)
 {
 }
 
 void ConnectionSubscription::end() noexcept
 {
     SubscriptionThread::instance().forget(*this);
+    const std::lock_guard lock(m_mutex);
+    m_isEnded = true;
+    m_isSubscribed = false;
     m_handler.endSubscription();
 }
 
@@ -28,11 +34,28 @@ void ConnectionSubscription::connected(const QMetaMethod& signal)
         SubscriptionThread::instance().lookAt(*this);
         return;
     }
-    const std::lock_guard lock(m_mutex);
-    if (m_isSubscribed)
-        return;
-    m_handler.subscribe(signal.methodSignature().constData(), m_flags);
-    m_isSubscribed = true;
+    try {
+        const std::lock_guard lock(m_mutex);
+        if (m_isSubscribed || m_isEnded)
+            return;
+        m_handler.subscribe(signal.methodSignature().constData(), m_flags);
+        m_isSubscribed = true;
+    } catch (...) {
+        takeBack(signal);
+        throw;
+    }
+    // Another thread may have taken the connection away before there was a subscription to end.
+    if (!m_isConnected(signal))
+        SubscriptionThread::instance().lookAt(*this);
+}
+
+// An exception that leaves connectNotify() has QObject::connect() with SIGNAL() and SLOT() free the
+// connection, and leave it in the object's list; it must not be there any more. What connections
+// there are without a subscription came at this moment, or after a failure like this one. Their
+// slots' destructors are the application's, so no lock is held.
+void ConnectionSubscription::takeBack(const QMetaMethod& signal)
+{
+    QObject::disconnect(&m_object, signal, nullptr, QMetaMethod());
 }
 
 void ConnectionSubscription::disconnected()
@@ -43,6 +66,8 @@ void ConnectionSubscription::disconnected()
 bool ConnectionSubscription::look()
 {
     const std::lock_guard lock(m_mutex);
+    if (m_isEnded)
+        return true;
     const bool isDue = hasConnections();
     if (isDue == m_isSubscribed)
         return !isDue;
@@ -52,7 +77,7 @@ bool ConnectionSubscription::look()
             m_handler.subscribe("", m_flags);
         else
             m_handler.unsubscribe();
-    } catch (const Exception&) {
+    } catch (...) {
         // It has been logged. Without a subscription the next connection tries again.
         m_isSubscribed = false;
     }
@@ -61,8 +86,8 @@ bool ConnectionSubscription::look()
 
 bool ConnectionSubscription::hasConnections() const
 {
-    for (int i = 0; i < m_object.methodCount(); ++i) {
-        const QMetaMethod method = m_object.method(i);
+    for (int i = 0; i < m_signals.methodCount(); ++i) {
+        const QMetaMethod method = m_signals.method(i);
         if (method.methodType() == QMetaMethod::Signal && m_isConnected(method))
             return true;
     }

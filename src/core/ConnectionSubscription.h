@@ -3,6 +3,7 @@
 #define TAMO_CORE_CONNECTIONSUBSCRIPTION_H
 
 #include <QtCore/QMetaMethod>
+#include <QtCore/QObject>
 
 #include <functional>
 #include <mutex>
@@ -27,11 +28,12 @@ public:
     using IsConnected = std::function<bool(const QMetaMethod&)>;
 
     /**
-     * @param object whose signals are looked at, QObject's own included
+     * @param object whose signals are looked at; outlives this
+     * @param signals those of this class and its bases
      * @param handler outlives this; no other subscriptions are made with it
      * @param flags the request flags
      */
-    ConnectionSubscription(const QMetaObject& object, IsConnected isConnected,
+    ConnectionSubscription(QObject& object, const QMetaObject& signals, IsConnected isConnected,
                            StandardZelEventHandler& handler, int flags = 0);
     ConnectionSubscription(const ConnectionSubscription&) = delete;
     ConnectionSubscription& operator=(const ConnectionSubscription&) = delete;
@@ -39,8 +41,9 @@ public:
     ~ConnectionSubscription() { end(); }
 
     /**
-     * Ends the subscription for good: when it returns, no call of the handler begins any more. The
-     * most derived destructor of the handler calls it first. Not on the dispatch thread.
+     * Ends the subscription for good: when it returns, no call of the handler begins any more, and
+     * connected() and disconnected() do nothing. The most derived destructor of the handler calls
+     * it first. Not on the dispatch thread.
      */
     void end() noexcept;
 
@@ -48,7 +51,8 @@ public:
      * A connection was made. When it returns, the handler is subscribed; on the dispatch thread it
      * is soon after.
      *
-     * @throws tamo::Exception where the subscription fails; the next connection tries again
+     * @throws tamo::Exception where the subscription fails; the connection is gone then (see
+     * takeBack()), and the next one tries again
      */
     void connected(const QMetaMethod& signal);
 
@@ -67,14 +71,20 @@ public:
     bool look();
 
 private:
-    bool hasConnections() const;
+    friend class SubscriptionThread;
 
-    const QMetaObject& m_object;
+    bool hasConnections() const;
+    void takeBack(const QMetaMethod& signal);
+
+    QObject& m_object;
+    const QMetaObject& m_signals;
     const IsConnected m_isConnected;
     StandardZelEventHandler& m_handler;
     const int m_flags;
     bool m_isSubscribed = false;
-    std::mutex m_mutex; // guards m_isSubscribed; the first in the lock order
+    bool m_isEnded = false;
+    bool m_isForgotten = false; // the SubscriptionThread's, under its lock
+    std::mutex m_mutex;         // guards the first two; the first in the lock order
 };
 
 } // namespace tamo

@@ -53,12 +53,15 @@ void DispatchGate::leave()
         m_callEnded.notify_all();
 }
 
-void DispatchGate::shut()
+bool DispatchGate::shut()
 {
     std::unique_lock lock(m_mutex);
+    if (m_isShut)
+        return !m_isCalling;
     m_isShut = true;
-    m_callEnded.wait_for(lock, callLimit,
-                         [this] { return !m_isCalling || m_caller == std::this_thread::get_id(); });
+    if (m_caller != std::this_thread::get_id())
+        m_callEnded.wait_for(lock, callLimit, [this] { return !m_isCalling; });
+    return !m_isCalling;
 }
 
 void DispatchGate::open()

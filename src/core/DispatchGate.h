@@ -10,9 +10,9 @@ namespace tamo {
 
 /**
  * Keeps the dispatch thread from calling handlers while the application object is being destroyed:
- * their signals and events would be posted to an event loop that is just going. It shuts, by
- * itself, at the beginning of ~QCoreApplication, and opens with the next application object;
- * without any it is open.
+ * their signals and events would be posted to an event loop that is just going. It shuts at the
+ * beginning of ~Application, or else, by itself, of ~QCoreApplication, and opens with the next
+ * application object; without any it is open.
  *
  * Its lock is held for moments only; it is taken after the registry lock, and nothing is called
  * under it.
@@ -31,9 +31,12 @@ public:
 
     /**
      * Shuts, and waits for the call under way to end. A handler that itself waits for the thread
-     * that calls this would hold it for ever; so there is a limit of five seconds.
+     * that calls this would hold it for ever; so there is a limit of five seconds. One that is
+     * shut already stays so, without waiting.
+     *
+     * @return whether no call is under way
      */
-    void shut();
+    bool shut();
 
     /** Opens again. */
     void open();

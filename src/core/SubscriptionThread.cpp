@@ -29,6 +29,8 @@ SubscriptionThread& SubscriptionThread::instance()
 void SubscriptionThread::lookAt(ConnectionSubscription& subscription)
 {
     const Lock lock(m_mutex);
+    if (subscription.m_isForgotten)
+        return;
     m_looks[&subscription] = {Clock::now(), milliseconds(0)};
     m_changed.notify_all();
     if (m_isRunning)
@@ -45,9 +47,10 @@ void SubscriptionThread::lookAt(ConnectionSubscription& subscription)
 void SubscriptionThread::forget(ConnectionSubscription& subscription)
 {
     Lock lock(m_mutex);
+    subscription.m_isForgotten = true;
     m_looks.erase(&subscription);
+    m_changed.notify_all();
     m_changed.wait(lock, [&] { return m_lookedAt != &subscription; });
-    m_looks.erase(&subscription);
 }
 
 bool SubscriptionThread::settle(milliseconds limit)
@@ -94,7 +97,7 @@ void SubscriptionThread::lookAtOne(Lock& lock, ConnectionSubscription& subscript
     m_lookedAt = nullptr;
     const milliseconds nextPause = std::max(firstPause, pause * 2);
     // Whoever asked for a look meanwhile gets one now, and not later.
-    if (!isOver && nextPause <= longestPause)
+    if (!isOver && nextPause <= longestPause && !subscription.m_isForgotten)
         m_looks.try_emplace(&subscription, Look{Clock::now() + nextPause, nextPause});
     m_changed.notify_all();
 }

@@ -25,10 +25,10 @@ public:
     /** The process's only one; never destroyed. */
     static SubscriptionThread& instance();
 
-    /** Has a subscription looked at now, and again. May be called under any lock. */
+    /** Has a subscription looked at now, and again, unless it is forgotten. Under any lock. */
     void lookAt(ConnectionSubscription& subscription);
 
-    /** Does not look at a subscription any more. Waits for a look that is under way. */
+    /** Never looks at a subscription any more. Waits for a look that is under way. */
     void forget(ConnectionSubscription& subscription);
 
     /**

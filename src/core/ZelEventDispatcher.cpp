@@ -25,7 +25,8 @@ struct ZelEventDispatcher::Registry
     std::condition_variable stateChanged;
     ZelEventDispatcher* dispatcher = nullptr;
     State state = State::Idle;
-    unsigned long starts = 0; // how often a thread was started
+    unsigned long starts = 0;      // how often a thread was started
+    unsigned long failedStart = 0; // the last one that failed
 };
 
 namespace {
@@ -139,10 +140,8 @@ void ZelEventDispatcher::awaitRunning(Lock& lock)
         const unsigned long start = all.starts;
         all.stateChanged.wait(lock,
                               [&] { return all.starts != start || all.state != State::Starting; });
-        // Another thread that waited for the same start may have done away with it already.
-        const bool hasFailed =
-            all.starts == start && (all.state == State::Failed || all.state == State::Idle);
-        if (hasFailed) {
+        // Of several threads that waited for it, one has perhaps done away with the dispatcher.
+        if (all.failedStart == start) {
             logLine("ZelEventDispatcher::registerForEvents() - zel channel for thread is invalid");
             endIfUnused(lock);
             throw Exception();
@@ -160,8 +159,10 @@ void ZelEventDispatcher::start(Lock&)
     m_thread.start(QThread::InheritPriority);
     // The thread needs the lock to come any further; so if it is not there now, it could not be
     // made.
-    if (!m_thread.isRunning())
+    if (!m_thread.isRunning()) {
         all.state = State::Failed;
+        all.failedStart = all.starts;
+    }
 }
 
 // Ends the dispatcher where nothing is registered; never throws.
@@ -224,6 +225,8 @@ void ZelEventDispatcher::processZelEvents()
     } catch (...) {
         Registry& all = registry();
         const Lock lock(all.mutex);
+        if (all.state == State::Starting)
+            all.failedStart = all.starts;
         if (all.state != State::Stopping)
             all.state = State::Failed;
         m_thread.quit();
@@ -245,6 +248,8 @@ void ZelEventDispatcher::openChannel()
     m_registerDomain = registerPrivateDomain("\"register domain\" event");
     m_deregisterDomain = registerPrivateDomain("\"deregister domain\" event");
     m_channel = core().channelGetActive();
+    if (m_channel == -1)
+        throw Exception();
     // Those who were registered when an earlier thread failed are served by this one.
     for (const Registration& registration : std::as_const(m_handlers))
         registration.provider->requestEvents(registration.flags);

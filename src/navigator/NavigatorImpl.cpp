@@ -18,8 +18,8 @@ NavigatorImpl::NavigatorImpl()
     : StandardZelEventHandler(tamomock::ZelApi::instance()->navigator())
     , m_geometry(DisplayGeometry::read())
     , m_subscription(
-          staticMetaObject, [this](const QMetaMethod& signal) { return isSignalConnected(signal); },
-          *this)
+          *this, staticMetaObject,
+          [this](const QMetaMethod& signal) { return isSignalConnected(signal); }, *this)
 {
 }
 
