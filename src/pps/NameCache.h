@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace tamo {
 
@@ -22,16 +23,27 @@ public:
     /** The cache of the calling thread; null while that thread ends, when its cache has gone. */
     static NameCache* ofThisThread();
 
-    /** The text of zero-terminated UTF-8, as textFromUtf8() makes it. */
+    /** How many bytes can be read from a name's first one on, whatever the name's length. */
+    static constexpr std::size_t ReadableSize = 32;
+
+    /**
+     * The text of zero-terminated UTF-8, as textFromUtf8() makes it.
+     *
+     * @param utf8 where ReadableSize bytes can be read, whatever they are behind the zero
+     */
     QString text(const char* utf8);
 
 private:
     static constexpr std::size_t Size = 128; // a power of two
-    static constexpr std::size_t LongestName = 31;
+
+    /** A name's bytes, the first ones lowest, and zeros behind them. */
+    using Words = std::array<std::uint64_t, ReadableSize / sizeof(std::uint64_t)>;
+
+    static bool load(const char* utf8, Words& words);
 
     struct Entry
     {
-        std::array<char, LongestName + 1> utf8 = {};
+        Words utf8 = {};
         QString text;
     };
 

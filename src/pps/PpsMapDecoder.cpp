@@ -6,8 +6,10 @@
 
 #include <tamo/Exception.h>
 
+#include <array>
 #include <cstring>
 #include <map>
+#include <utility>
 
 namespace tamo {
 
@@ -19,6 +21,16 @@ void check(int result)
         throw Exception();
 }
 
+/**
+ * Puts a value into a variant of its type. QVariant's constructors would share it with the caller
+ * for the moment in which there are two of it, and each value would cost two atomic operations.
+ */
+template<class Value>
+void fill(QVariant& variant, Value value)
+{
+    *static_cast<Value*>(variant.data()) = std::move(value);
+}
+
 } // namespace
 
 PpsMapDecoder::PpsMapDecoder(const QByteArray& text) : m_names(NameCache::ofThisThread())
@@ -28,7 +40,9 @@ PpsMapDecoder::PpsMapDecoder(const QByteArray& text) : m_names(NameCache::ofThis
     if (size != 0 && std::memchr(text.constData(), '\0', size) != nullptr)
         throw Exception();
     m_text.append(text.constData(), text.size());
-    m_text.append('\0');
+    // The zero that ends the text, and what the cache of names may read behind it.
+    static constexpr std::array<char, NameCache::ReadableSize> zeros = {};
+    m_text.append(zeros.data(), zeros.size());
     if (pps_decoder_initialize(&m_decoder, m_text.data()) != 0) {
         pps_decoder_cleanup(&m_decoder);
         throw Exception();
@@ -53,13 +67,16 @@ QVariantMap PpsMapDecoder::members()
         const char* const name = pps_decoder_name(&m_decoder);
         isAscending = isAscending && (index == 0 || std::strcmp(previousName, name) < 0);
         previousName = name;
-        QVariant member = value();
         // As long as the names ascend, which those that encode() wrote all do, each is a new one,
         // and its place is the end. Any other may be a repetition.
-        if (isAscending)
-            map.emplace_hint(map.cend(), nameFrom(name), std::move(member));
-        else
-            map.insert_or_assign(nameFrom(name), std::move(member));
+        value([&](auto initial) -> QVariant& {
+            if (isAscending)
+                return map.emplace_hint(map.cend(), nameFrom(name), initial)->second;
+            const auto [place, isNew] = map.try_emplace(nameFrom(name), initial);
+            if (!isNew)
+                place->second = QVariant(initial);
+            return place->second;
+        });
     }
     return QVariantMap(std::move(map));
 }
@@ -69,35 +86,39 @@ QString PpsMapDecoder::nameFrom(const char* utf8)
     return m_names ? m_names->text(utf8) : textFromUtf8(utf8, std::strlen(utf8));
 }
 
-QVariant PpsMapDecoder::value()
+template<class Place>
+void PpsMapDecoder::value(Place place)
 {
     switch (pps_decoder_type(&m_decoder, nullptr)) {
     case PPS_TYPE_BOOL: {
         bool boolean = false;
         check(pps_decoder_get_bool(&m_decoder, nullptr, &boolean));
-        return boolean;
+        place(boolean);
+        return;
     }
     case PPS_TYPE_NUMBER: {
         double number = 0;
         check(pps_decoder_get_double(&m_decoder, nullptr, &number));
-        return number;
+        place(number);
+        return;
     }
     case PPS_TYPE_STRING: {
         const char* string = nullptr;
         check(pps_decoder_get_string(&m_decoder, nullptr, &string));
-        return textFromUtf8(string, std::strlen(string));
+        fill(place(QString()), textFromUtf8(string, std::strlen(string)));
+        return;
     }
     case PPS_TYPE_ARRAY: {
         check(pps_decoder_push(&m_decoder, nullptr));
-        QVariant list = elements();
+        fill(place(QVariantList()), elements());
         check(pps_decoder_pop(&m_decoder));
-        return list;
+        return;
     }
     case PPS_TYPE_OBJECT: {
         check(pps_decoder_push(&m_decoder, nullptr));
-        QVariant map = members();
+        fill(place(QVariantMap()), members());
         check(pps_decoder_pop(&m_decoder));
-        return map;
+        return;
     }
     case PPS_TYPE_NULL:
     case PPS_TYPE_NONE:
@@ -105,7 +126,7 @@ QVariant PpsMapDecoder::value()
     case PPS_TYPE_DELETED:
         break;
     }
-    return QVariant();
+    place(QVariant());
 }
 
 QVariantList PpsMapDecoder::elements()
@@ -115,7 +136,10 @@ QVariantList PpsMapDecoder::elements()
     list.reserve(length);
     for (int index = 0; index < length; ++index) {
         check(pps_decoder_goto_index(&m_decoder, index));
-        list.append(value());
+        value([&](auto initial) -> QVariant& {
+            list.append(QVariant(initial));
+            return list.last();
+        });
     }
     return list;
 }

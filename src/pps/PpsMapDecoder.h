@@ -27,7 +27,15 @@ public:
 
 private:
     QString nameFrom(const char* utf8);
-    QVariant value();
+
+    /**
+     * Makes a variant of the value that the decoder stands on.
+     *
+     * @param place makes the variant where it is to be, with the value it is given, and returns it
+     */
+    template<class Place>
+    void value(Place place);
+
     QVariantList elements();
 
     NameCache* const m_names;

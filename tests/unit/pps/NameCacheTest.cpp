@@ -10,9 +10,11 @@
 namespace tamo {
 namespace {
 
-QString textOf(const std::string& utf8)
+/** The text of a name that lies in the middle of others. */
+QString textOf(const std::string& utf8, char behind = '\0')
 {
-    return NameCache::ofThisThread()->text(utf8.c_str());
+    const std::string readable = utf8 + '\0' + std::string(NameCache::ReadableSize, behind);
+    return NameCache::ofThisThread()->text(readable.c_str());
 }
 
 TEST(NameCacheTest, AnswersWithTheSameTextAgain)
@@ -21,6 +23,15 @@ TEST(NameCacheTest, AnswersWithTheSameTextAgain)
     const QString second = textOf("StateOfCharge");
     EXPECT_EQ(first, QStringLiteral("StateOfCharge"));
     EXPECT_EQ(first.constData(), second.constData());
+}
+
+TEST(NameCacheTest, TakesANameToEndAtItsZeroWhateverLiesBehind)
+{
+    for (std::size_t length = 0; length < 40; ++length) {
+        const std::string name(length, 'n');
+        for (const char behind : {'\0', '\1', 'n', '\x80', '\xff'})
+            ASSERT_EQ(textOf(name, behind), QString::fromStdString(name));
+    }
 }
 
 TEST(NameCacheTest, TellsMoreNamesApartThanItHolds)
