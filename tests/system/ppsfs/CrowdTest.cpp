@@ -5,7 +5,6 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -13,15 +12,6 @@ namespace tamotest {
 namespace {
 
 constexpr std::size_t Many = 1000;
-
-#if defined(__has_feature)
-#define TAMO_HAS_ADDRESS_SANITIZER __has_feature(address_sanitizer)
-#elif defined(__SANITIZE_ADDRESS__)
-#define TAMO_HAS_ADDRESS_SANITIZER 1
-#else
-#define TAMO_HAS_ADDRESS_SANITIZER 0
-#endif
-constexpr bool MemoryIsKept = TAMO_HAS_ADDRESS_SANITIZER;
 
 /** Many descriptors at once. */
 class Crowd : public PpsTest
@@ -35,18 +25,6 @@ protected:
         setrlimit(RLIMIT_NOFILE, &limit);
         if (limit.rlim_max < Many + 100)
             GTEST_SKIP() << "too few descriptors are allowed";
-    }
-
-    /** The memory of the filesystem's process in KiB. */
-    long residentKiB()
-    {
-        std::ifstream status("/proc/" + std::to_string(filesystem().pid()) + "/status");
-        long size = 0;
-        for (std::string word; status >> word;) {
-            if (word == "VmRSS:")
-                status >> size;
-        }
-        return size;
     }
 };
 
@@ -103,39 +81,6 @@ TEST_F(Crowd, AThousandClientsAreServed)
     for (std::size_t i = 1; i <= Many; ++i)
         ASSERT_THAT(server.read(), ::testing::StartsWith("-@box."));
     EXPECT_EQ(server.read(), "");
-}
-
-TEST_F(Crowd, PublicationsAndVisitsLeaveNoMemoryBehind)
-{
-    if (MemoryIsKept)
-        GTEST_SKIP() << "AddressSanitizer keeps freed memory for a while";
-    const auto publishAndVisit = [] {
-        const PpsDescriptor writer("o");
-        const PpsDescriptor reader("o?changes");
-        for (int i = 0; i < 2000; ++i) {
-            ASSERT_EQ(writer.write("a" + std::to_string(i % 100) + ":n:" + std::to_string(i) +
-                                   "\n-a" + std::to_string((i + 50) % 100) + '\n'),
-                      0);
-            ASSERT_NE(reader.read(), "");
-            const std::string visited = "visited" + std::to_string(i);
-            ASSERT_EQ(PpsDescriptor(visited).write("a:n:1\n"), 0);
-            ASSERT_EQ(unlink(("/pps/" + visited).c_str()), 0);
-        }
-        PpsDescriptor server("box?serve");
-        for (int i = 0; i < 2000; ++i) {
-            const PpsDescriptor client("box");
-            if (i % 2)
-                continue;
-            ASSERT_EQ(client.write("a:n:1\n"), 0);
-            while (!server.read().empty())
-                continue;
-        }
-    };
-    publishAndVisit();
-    const long before = residentKiB();
-    for (int i = 0; i < 5; ++i)
-        publishAndVisit();
-    EXPECT_LE(residentKiB(), before + 512);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PrivatePps.h"
+#include "RunTests.h"
 
 #include <gtest/gtest.h>
 
@@ -7,5 +8,5 @@ int main(int argc, char** argv)
 {
     tamotest::enterPrivateNamespace(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return tamotest::runTests();
 }
