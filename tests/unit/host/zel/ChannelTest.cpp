@@ -2,7 +2,6 @@
 #include "ZelTest.h"
 
 #include <malloc.h>
-#include <sys/resource.h>
 
 #include <cerrno>
 #include <set>
@@ -195,20 +194,6 @@ TEST_F(ChannelTest, ManyThatComeAndGoLeaveNothing)
     comeAndGo(10'000);
     EXPECT_EQ(openDescriptors(), descriptors);
     EXPECT_LT(mallinfo2().uordblks, memory + 64 * 1024);
-}
-
-TEST_F(ChannelTest, AWatchFailsWhereNoDescriptorsAreLeft)
-{
-    rlimit before{};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none{3, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
-    const int result = zel_add_fd(
-        0, ZEL_IO_INPUT, [](int, int, void*) { return 0; }, nullptr);
-    const int error = errno;
-    setrlimit(RLIMIT_NOFILE, &before);
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(error, EMFILE);
 }
 
 } // namespace

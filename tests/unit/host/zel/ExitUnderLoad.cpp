@@ -35,15 +35,12 @@ void playBall(int own)
     }
 }
 
-/** Comes and goes. */
+/** Comes and goes: each thread starts the next one. */
 void startAndStop()
 {
-    for (;;) {
-        std::thread([] {
-            zel_initialize();
-            zel_push_event(make(zel_register_domain()));
-        }).join();
-    }
+    zel_initialize();
+    zel_push_event(make(zel_register_domain()));
+    std::thread(startAndStop).detach();
 }
 
 void waitForEver()
