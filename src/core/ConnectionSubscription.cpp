@@ -7,11 +7,11 @@
 
 namespace tamo {
 
-ConnectionSubscription::ConnectionSubscription(QObject& object, const QMetaObject& signals,
+ConnectionSubscription::ConnectionSubscription(QObject& object, const QMetaObject& metaObject,
                                                IsConnected isConnected,
                                                StandardZelEventHandler& handler, int flags)
     : m_object(object)
-    , m_signals(signals)
+    , m_metaObject(metaObject)
     , m_isConnected(std::move(isConnected))
     , m_handler(handler)
     , m_flags(flags)
@@ -86,8 +86,8 @@ bool ConnectionSubscription::look()
 
 bool ConnectionSubscription::hasConnections() const
 {
-    for (int i = 0; i < m_signals.methodCount(); ++i) {
-        const QMetaMethod method = m_signals.method(i);
+    for (int i = 0; i < m_metaObject.methodCount(); ++i) {
+        const QMetaMethod method = m_metaObject.method(i);
         if (method.methodType() == QMetaMethod::Signal && m_isConnected(method))
             return true;
     }

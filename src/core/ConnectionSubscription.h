@@ -28,12 +28,12 @@ public:
     using IsConnected = std::function<bool(const QMetaMethod&)>;
 
     /**
-     * @param object whose signals are looked at; outlives this
-     * @param signals those of this class and its bases
+     * @param object outlives this
+     * @param metaObject of the class whose signals, its bases' included, are looked at
      * @param handler outlives this; no other subscriptions are made with it
      * @param flags the request flags
      */
-    ConnectionSubscription(QObject& object, const QMetaObject& signals, IsConnected isConnected,
+    ConnectionSubscription(QObject& object, const QMetaObject& metaObject, IsConnected isConnected,
                            StandardZelEventHandler& handler, int flags = 0);
     ConnectionSubscription(const ConnectionSubscription&) = delete;
     ConnectionSubscription& operator=(const ConnectionSubscription&) = delete;
@@ -77,7 +77,7 @@ private:
     void takeBack(const QMetaMethod& signal);
 
     QObject& m_object;
-    const QMetaObject& m_signals;
+    const QMetaObject& m_metaObject;
     const IsConnected m_isConnected;
     StandardZelEventHandler& m_handler;
     const int m_flags;
