@@ -2,6 +2,7 @@
 #ifndef TAMO_TESTS_HOSTFUNCTION_H
 #define TAMO_TESTS_HOSTFUNCTION_H
 
+#include <ostream>
 #include <vector>
 
 /** A C function of the host. */
@@ -11,6 +12,11 @@ struct HostFunction
     bool works; ///< whether the document says that it works; otherwise, that it fails with ENOTSUP
     bool (*call)(); ///< calls it with zeros; whether it returned "none", where it does not work
 };
+
+inline std::ostream& operator<<(std::ostream& out, const HostFunction& function)
+{
+    return out << function.name;
+}
 
 /** All of them, generated. */
 const std::vector<HostFunction>& hostFunctions();

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <ostream>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -44,6 +45,14 @@ public:
         bool operator==(const Call& other) const
         {
             return function == other.function && arguments == other.arguments;
+        }
+
+        friend std::ostream& operator<<(std::ostream& out, const Call& call)
+        {
+            out << call.function << " with" << std::hex;
+            for (const Word argument : call.arguments)
+                out << " 0x" << argument;
+            return out << std::dec;
         }
     };
 

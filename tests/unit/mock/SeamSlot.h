@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -47,6 +48,16 @@ struct SeamClass
     bool expectedEvents;
     bool events;
 };
+
+inline std::ostream& operator<<(std::ostream& out, const SeamSlot& slot)
+{
+    return out << slot.className << "::" << slot.operation;
+}
+
+inline std::ostream& operator<<(std::ostream& out, const SeamClass& seam)
+{
+    return out << seam.className;
+}
 
 /** The table, generated. */
 const std::vector<SeamSlot>& seamSlots();
