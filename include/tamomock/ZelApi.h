@@ -79,7 +79,13 @@ public:
      */
     static void setInstance(ZelApi* instance);
 
-    /** Takes an object back: there is no current one afterwards. Any other is left as it is. */
+    /**
+     * Takes an object back: there is no current one afterwards. Any other is left as it is.
+     *
+     * It waits, five seconds at most, until subscriptions have ended whose last connection the
+     * calling thread has taken away; they end a moment later than the connection, and call the
+     * object as they do. Objects that are still subscribed go on using it.
+     */
     static void clearInstance(ZelApi* instance);
 
     /** The object owns the domains. */

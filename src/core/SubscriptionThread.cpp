@@ -56,6 +56,13 @@ void SubscriptionThread::forget(ConnectionSubscription& subscription)
 bool SubscriptionThread::settle(milliseconds limit)
 {
     Lock lock(m_mutex);
+    const Look now = {Clock::now(), milliseconds(0)};
+    // A look that is under way may have begun too early.
+    if (m_lookedAt && !m_lookedAt->m_isForgotten)
+        m_looks[m_lookedAt] = now;
+    for (auto& entry : m_looks)
+        entry.second = now;
+    m_changed.notify_all();
     return m_changed.wait_for(lock, limit, [this] { return isSettled(); });
 }
 

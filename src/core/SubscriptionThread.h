@@ -32,7 +32,8 @@ public:
     void forget(ConnectionSubscription& subscription);
 
     /**
-     * Waits until each subscription has been looked at that was to be looked at now.
+     * Looks at once at each subscription that is still to be looked at, and waits for it. What the
+     * calling thread has disconnected or deleted before is unsubscribed then.
      *
      * @return false where that took longer than the limit
      */

@@ -37,12 +37,14 @@ public:
         m_instance = instance;
     }
 
-    /** Leaves any other object than the given one current. */
-    void clear(const Api* instance)
+    /** Leaves any other object than the given one current. Returns whether it was that one. */
+    bool clear(const Api* instance)
     {
         const QMutexLocker locker(&m_mutex);
-        if (m_instance == instance)
-            m_instance = nullptr;
+        if (m_instance != instance)
+            return false;
+        m_instance = nullptr;
+        return true;
     }
 
 private:

@@ -3,6 +3,8 @@
 
 #include "CurrentInstance.h"
 
+#include "core/SubscriptionThread.h"
+
 #include <tamomock/ZelAudioDeviceImpl.h>
 #include <tamomock/ZelAudioMixerImpl.h>
 #include <tamomock/ZelClockImpl.h>
@@ -27,6 +29,8 @@
 namespace tamomock {
 
 namespace {
+
+constexpr auto settlingLimit = std::chrono::seconds(5);
 
 detail::CurrentInstance<ZelApi>& current()
 {
@@ -71,7 +75,10 @@ void ZelApi::setInstance(ZelApi* instance)
 
 void ZelApi::clearInstance(ZelApi* instance)
 {
-    current().clear(instance);
+    // Its owner is about to delete it, and a subscription that has just lost its last connection may
+    // be ending still.
+    if (current().clear(instance))
+        tamo::SubscriptionThread::instance().settle(settlingLimit);
 }
 
 ZelApi::ZelApi(Domains domains) : m_domains(std::move(domains)) {}
