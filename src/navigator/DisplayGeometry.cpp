@@ -14,6 +14,8 @@ namespace tamo {
 
 using detail::logLine;
 
+static constexpr int leastRoom = 16;
+
 // Runs a call of the screen library; where it fails, logs which one of them it was.
 template<typename Call>
 static void attempt(int number, const Call& call)
@@ -33,8 +35,9 @@ DisplayGeometry DisplayGeometry::read()
     attempt(2, [&] {
         return screen.getContextPropertyIv(context, SCREEN_PROPERTY_DISPLAY_COUNT, &count);
     });
-    // One entry at least: without displays the first one is none.
-    std::vector<void*> displays(static_cast<std::size_t>(std::max(count, 1)), nullptr);
+    // Without displays the first one is none; and where the count failed, some may come all the
+    // same.
+    std::vector<void*> displays(static_cast<std::size_t>(std::max(count, leastRoom)), nullptr);
     attempt(3, [&] {
         return screen.getContextPropertyPv(context, SCREEN_PROPERTY_DISPLAYS, displays.data());
     });
