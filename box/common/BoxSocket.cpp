@@ -74,10 +74,27 @@ bool tryListen(int socketToBind, const std::string& name)
     return false;
 }
 
-// The ancillary data that carries the descriptors of a box's passed.
-union DescriptorMessage {
-    cmsghdr header;
-    char bytes[CMSG_SPACE(sizeof(int) * descriptorCount)];
+/** A status, and room for a box's descriptors beside it. It points into itself. */
+class IntroductionMessage
+{
+public:
+    /** @param text of the status, which sendmsg() does not change */
+    explicit IntroductionMessage(const std::string& text)
+        : m_text{const_cast<char*>(text.data()), text.size()}
+    {
+        header.msg_iov = &m_text;
+        header.msg_iovlen = 1;
+        header.msg_control = m_descriptors.data();
+        header.msg_controllen = m_descriptors.size();
+    }
+    IntroductionMessage(const IntroductionMessage&) = delete;
+    IntroductionMessage& operator=(const IntroductionMessage&) = delete;
+
+    msghdr header = {};
+
+private:
+    iovec m_text;
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int) * descriptorCount)> m_descriptors = {};
 };
 
 Failure noSuchBox(const std::string& name)
@@ -159,17 +176,11 @@ BoxIntroduction connect(const std::string& name)
         throw Failure("what answers as the box '" + name + "' belongs to another user");
 
     std::string status(longestStatus, '\0');
-    iovec text = {status.data(), status.size()};
-    DescriptorMessage descriptors = {};
-    msghdr message = {};
-    message.msg_iov = &text;
-    message.msg_iovlen = 1;
-    message.msg_control = descriptors.bytes;
-    message.msg_controllen = sizeof descriptors.bytes;
-    const ssize_t size = recvmsg(connection.get(), &message, MSG_CMSG_CLOEXEC);
+    IntroductionMessage message(status);
+    const ssize_t size = recvmsg(connection.get(), &message.header, MSG_CMSG_CLOEXEC);
     if (size == -1 && (errno == EAGAIN || errno == EWOULDBLOCK))
         throw Failure("the box '" + name + "' does not answer; is it stopped?");
-    const cmsghdr* const received = CMSG_FIRSTHDR(&message);
+    const cmsghdr* const received = CMSG_FIRSTHDR(&message.header);
     if (size <= 0 || received == nullptr ||
         received->cmsg_len != CMSG_LEN(sizeof(int) * descriptorCount))
         throw Failure("the box '" + name + "' has just ended");
@@ -189,20 +200,13 @@ void introduce(int listeningSocket, const BoxIntroduction& introduction)
     const std::array<int, descriptorCount> passed = {
         introduction.userNamespace.get(), introduction.mountNamespace.get(),
         introduction.processNamespace.get(), introduction.rootDirectory.get()};
-    // sendmsg() does not change what it sends.
-    iovec text = {const_cast<char*>(introduction.status.data()), introduction.status.size()};
-    DescriptorMessage descriptors = {};
-    msghdr message = {};
-    message.msg_iov = &text;
-    message.msg_iovlen = 1;
-    message.msg_control = descriptors.bytes;
-    message.msg_controllen = sizeof descriptors.bytes;
-    cmsghdr* const header = CMSG_FIRSTHDR(&message);
+    IntroductionMessage message(introduction.status);
+    cmsghdr* const header = CMSG_FIRSTHDR(&message.header);
     header->cmsg_level = SOL_SOCKET;
     header->cmsg_type = SCM_RIGHTS;
     header->cmsg_len = CMSG_LEN(sizeof passed);
     std::memcpy(CMSG_DATA(header), passed.data(), sizeof passed);
-    sendmsg(connection.get(), &message, MSG_NOSIGNAL);
+    sendmsg(connection.get(), &message.header, MSG_NOSIGNAL);
 }
 
 } // namespace tamobox::boxsocket
