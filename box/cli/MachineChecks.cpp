@@ -138,8 +138,7 @@ CheckResult checkPrograms()
             findOwnProgram(service.program);
             found += ", " + service.program;
         }
-        return good("are there: tamo-box-init, ppsfs, " + std::to_string(serviceTable().size()) +
-                    " services");
+        return good("are there: " + found);
     } catch (const Failure& failure) {
         return bad(failure.what(), "cmake --build and cmake --install, for all of tamo");
     }
