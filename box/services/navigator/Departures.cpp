@@ -117,12 +117,16 @@ void Departures::announce(pid_t process)
 void Departures::killWhereAllKnow()
 {
     std::vector<pid_t> known;
-    for (const auto& [process, latest] : m_killings)
-        if (std::none_of(m_departures.begin(), m_departures.end(), [&](const Departure& departure) {
-                return departure.process == process && departure.overdue &&
-                       !departure.overdueWasRead;
-            }))
+    for (const auto& killing : m_killings) {
+        const pid_t process = killing.first;
+        const bool isUnread = std::any_of(m_departures.begin(), m_departures.end(),
+                                          [process](const Departure& departure) {
+                                              return departure.process == process &&
+                                                     departure.overdue && !departure.overdueWasRead;
+                                          });
+        if (!isUnread)
             known.push_back(process);
+    }
     for (const pid_t process : known)
         kill(process);
 }
