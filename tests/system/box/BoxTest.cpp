@@ -82,12 +82,14 @@ Result BoxTest::run(const std::vector<std::string>& arguments, const std::string
     return {status, process.output(), process.errors()};
 }
 
-Box BoxTest::start(std::vector<std::string> application, const std::string& started) const
+Box BoxTest::start(std::vector<std::string> application, const std::string& started,
+                   const Process::Preparation& prepare) const
 {
     Box box;
     box.name = uniqueName();
     application.insert(application.begin(), {"run", "--box", box.name, "--"});
-    box.launcher = std::make_unique<Process>(tamoBox(std::move(application)), GetParam());
+    box.launcher = std::make_unique<Process>(tamoBox(std::move(application)), GetParam(),
+                                             std::string(), prepare);
     if (!box.launcher->printed(started)) {
         ADD_FAILURE() << "the box did not start: " << box.launcher->errors();
         return box;

@@ -60,8 +60,9 @@ protected:
     Result run(const std::vector<std::string>& arguments, const std::string& input = {}) const;
 
     /** Starts a box, under a name of its own, and waits until the application has printed
-     * `started`. */
-    Box start(std::vector<std::string> application, const std::string& started = "started") const;
+     * `started`. The launcher is prepared as Process says. */
+    Box start(std::vector<std::string> application, const std::string& started = "started",
+              const Process::Preparation& prepare = {}) const;
 
     /** Starts a box whose application does nothing until it is ended. */
     Box startIdle() const;

@@ -2,6 +2,7 @@
 // Runs the tests of the box; ends with 77 (skipped) where this machine cannot run a box.
 #include "Process.h"
 #include "Programs.h"
+#include "RunTests.h"
 
 #include <gtest/gtest.h>
 
@@ -25,5 +26,5 @@ int main(int argc, char** argv)
             return 77;
         }
     }
-    return RUN_ALL_TESTS();
+    return tamotest::runTests();
 }
