@@ -2,6 +2,7 @@
 #include "GuestProgram.h"
 
 #include "BoxEntrance.h"
+#include "GroupWitness.h"
 
 #include "common/BoxEnvironment.h"
 #include "common/BoxSocket.h"
@@ -69,7 +70,16 @@ bool isRunning(const std::string& boxName)
     return false;
 }
 
-int waitForGuest(pid_t guest, SignalQueue& signals)
+// The terminal's keys, and what is sent to the whole group, reach the guest themselves while it is
+// in this group; a shell with job control makes one of its own.
+bool reachesGuestItself(const signalfd_siginfo& signal, pid_t guest, GroupWitness& witness)
+{
+    if (!isFromAnotherProcess(signal))
+        return true;
+    return witness.hasSeen(static_cast<int>(signal.ssi_signo)) && getpgid(guest) == getpgrp();
+}
+
+int waitForGuest(pid_t guest, SignalQueue& signals, GroupWitness& witness)
 {
     std::optional<int> result;
     EventLoop loop;
@@ -77,7 +87,7 @@ int waitForGuest(pid_t guest, SignalQueue& signals)
         while (const auto signal = signals.next()) {
             int waitResult = 0;
             if (signal->ssi_signo != SIGCHLD) {
-                if (isFromAnotherProcess(*signal)) // the terminal's keys reach it themselves
+                if (!reachesGuestItself(*signal, guest, witness))
                     kill(guest, static_cast<int>(signal->ssi_signo));
             } else if (waitpid(guest, &waitResult, WNOHANG) == guest) {
                 result = waitResult;
@@ -93,6 +103,7 @@ int waitForGuest(pid_t guest, SignalQueue& signals)
 int runGuest(const std::string& boxName, const std::vector<std::string>& command)
 {
     const std::string directory = workingDirectory();
+    GroupWitness witness; // outside the box, whose processes are none but the guest's
     const EnteredBox box = enterBox(boxName, Depth::Processes);
     setenv(boxVariable, box.name.c_str(), 1);
     if (directory.empty() || chdir(directory.c_str()) == -1)
@@ -101,8 +112,8 @@ int runGuest(const std::string& boxName, const std::vector<std::string>& command
     const TerminalKeeper terminalKeeper;
     std::signal(SIGCHLD, SIG_DFL);
     SignalQueue signals({SIGTSTP, SIGTTIN, SIGTTOU});
-    const int exitStatus =
-        statusForWaitResult(waitForGuest(startGuest(command, signals.previousMask()), signals));
+    const pid_t guest = startGuest(command, signals.previousMask());
+    const int exitStatus = statusForWaitResult(waitForGuest(guest, signals, witness));
     if (exitStatus == status::signalBase + SIGKILL && !isRunning(box.name))
         throw Failure("the box '" + box.name + "' has ended", exitStatus);
     return exitStatus;

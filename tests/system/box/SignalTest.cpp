@@ -3,6 +3,8 @@
 
 #include <signal.h>
 
+#include <tuple>
+
 using namespace boxtest;
 using namespace testing;
 
@@ -73,6 +75,27 @@ TEST_P(SignalTest, IgnoredSignalsStayIgnored)
                     });
     EXPECT_EQ(process.wait(), 0) << process.errors();
     EXPECT_EQ(process.output(), "SigBlk:\t0000000000000800\nSigIgn:\t0000000000010001\n");
+}
+
+TEST_P(SignalTest, SignalsToTheGroupOfExecReachTheCommandOnce)
+{
+    const Box box = startIdle();
+    Process command(tamoBox({"exec", "--box", box.name, "--", helper("tamo-test-signals")}),
+                    GetParam());
+    ASSERT_TRUE(command.printed("started"));
+    std::string expected = "started\n";
+    for (int i = 0; i < 20; ++i) {
+        for (const auto& [process, signal, name] : {std::tuple(-command.pid(), SIGUSR1, "USR1\n"),
+                                                    std::tuple(-command.pid(), SIGUSR2, "USR2\n"),
+                                                    std::tuple(command.pid(), SIGHUP, "HUP\n")}) {
+            kill(process, signal);
+            expected += name;
+            EXPECT_TRUE(command.printed(expected));
+        }
+    }
+    kill(-command.pid(), SIGTERM);
+    EXPECT_EQ(command.wait(), 3);
+    EXPECT_EQ(command.output(), expected + "TERM\n");
 }
 
 TEST_P(SignalTest, SignalsToExecReachTheCommand)
