@@ -8,6 +8,7 @@
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -30,6 +31,16 @@ int fileWith(const std::string& text)
         std::perror("cannot write the input");
     lseek(file, 0, SEEK_SET);
     return file;
+}
+
+bool endsWithinLimit(pid_t child)
+{
+    const int process = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
+    pollfd end = {process, POLLIN, 0}; // readable when the process has ended
+    const bool ended =
+        poll(&end, 1, static_cast<int>(std::chrono::milliseconds(limit).count())) == 1;
+    close(process);
+    return ended;
 }
 
 void readSome(int& fd, std::string& text)
@@ -79,7 +90,7 @@ bool waitUntil(const std::function<bool()>& condition)
     while (!condition()) {
         if (Clock::now() >= deadline)
             return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        std::this_thread::yield(); // no descriptor tells what changes in /proc
     }
     return true;
 }
@@ -135,7 +146,7 @@ int Process::wait()
 {
     readUntil([] { return false; });
     int result = 0;
-    if (m_reaped || !waitUntil([&] { return waitpid(m_pid, &result, WNOHANG) == m_pid; }))
+    if (m_reaped || !endsWithinLimit(m_pid) || waitpid(m_pid, &result, 0) != m_pid)
         return -1;
     m_reaped = true;
     return WIFSIGNALED(result) ? 128 + WTERMSIG(result) : WEXITSTATUS(result);
