@@ -94,13 +94,6 @@ int Channel::watch(int fd, int ioEvents, DescriptorSet::Owner owner,
     return m_descriptors.add(fd, ioEvents, owner, std::move(watch));
 }
 
-char* Channel::messageBuffer()
-{
-    if (!m_messageBuffer)
-        m_messageBuffer.reset(new char[MessageBufferSize]); // untouched pages take no memory
-    return m_messageBuffer.get();
-}
-
 void Channel::close()
 {
     m_isClosed = true;

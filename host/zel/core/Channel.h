@@ -15,6 +15,7 @@
 #include <mutex>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace zel {
 
@@ -96,9 +97,12 @@ public:
     using ObjectKey = std::pair<Domain, std::uintptr_t>;
     std::map<ObjectKey, std::shared_ptr<ObjectWatch>>& objects() { return m_objects; }
 
-    /** Room for a message of any length and a zero after it. */
-    char* messageBuffer();
-    static constexpr std::size_t MessageBufferSize = (std::size_t{1} << 20) + 1;
+    /**
+     * Room for a message and a zero after it. It begins small and is enlarged by whoever needs more,
+     * up to the limit: a read into room for the longest message has the kernel hold every page of it.
+     */
+    std::vector<char>& messageBuffer() { return m_messageBuffer; }
+    static constexpr std::size_t LargestMessageBuffer = std::size_t{1} << 20;
 
     /// @}
 
@@ -123,7 +127,7 @@ private:
     bool m_isClosed = false;
     std::unordered_map<int, void*> m_domainData;
     std::map<ObjectKey, std::shared_ptr<ObjectWatch>> m_objects;
-    std::unique_ptr<char[]> m_messageBuffer;
+    std::vector<char> m_messageBuffer = std::vector<char>(4096);
 };
 
 } // namespace zel

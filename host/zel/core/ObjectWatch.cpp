@@ -47,8 +47,12 @@ ObjectWatch::ObjectWatch(Channel& channel, std::pair<Domain, std::uintptr_t> key
 
 ObjectWatch::Reading ObjectWatch::read(ObjectMessage& message)
 {
-    char* const buffer = m_channel.messageBuffer();
-    const ssize_t length = ::read(m_descriptor.get(), buffer, Channel::MessageBufferSize - 1);
+    std::vector<char>& buffer = m_channel.messageBuffer();
+    ssize_t length = ::read(m_descriptor.get(), buffer.data(), buffer.size() - 1);
+    while (length < 0 && errno == EMSGSIZE && buffer.size() < Channel::LargestMessageBuffer) {
+        buffer.resize(2 * buffer.size());
+        length = ::read(m_descriptor.get(), buffer.data(), buffer.size() - 1);
+    }
     if (length < 0) {
         if (errno == EAGAIN || errno == EINTR)
             return Reading::Nothing;
@@ -57,9 +61,9 @@ ObjectWatch::Reading ObjectWatch::read(ObjectMessage& message)
     }
     if (length == 0)
         return Reading::Nothing;
-    buffer[length] = '\0';
-    message = {buffer, static_cast<std::size_t>(length)};
-    if (std::strncmp(buffer, "-@", 2) == 0) { // nothing will ever come from the object again
+    buffer[static_cast<std::size_t>(length)] = '\0';
+    message = {buffer.data(), static_cast<std::size_t>(length)};
+    if (std::strncmp(buffer.data(), "-@", 2) == 0) { // nothing will ever come from the object again
         say(Level::Unreadable, "%s: the object was removed", m_path.c_str());
         return Reading::End;
     }
