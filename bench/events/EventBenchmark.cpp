@@ -33,6 +33,8 @@ using tamo::Navigator;
 constexpr std::size_t thumbnailSize = 64;
 constexpr int runs = 7;
 constexpr long burst = 100'000;
+// As many at a time as fit into memory that the first of them has taken already.
+constexpr long smallBurst = 1'000;
 constexpr long manyEvents = 10'000'000;
 constexpr long manySubscriptions = 10'000;
 constexpr double kibibytesAllowed = 512;
@@ -138,11 +140,11 @@ public:
                     m_platform.push(NAVIGATOR_SWIPE_DOWN);
             });
         };
-        for (int i = 0; i < 20; ++i)
-            push(burst);
+        for (long n = 0; n < burst; n += smallBurst)
+            push(smallBurst);
         const double before = residentMemory();
-        for (long n = 0; n < manyEvents; n += burst)
-            push(burst);
+        for (long n = 0; n < manyEvents; n += smallBurst)
+            push(smallBurst);
         report.addValue("memory after 10,000,000 events, more by", residentMemory() - before, "KiB",
                         {Target::AtMost, kibibytesAllowed});
     }
