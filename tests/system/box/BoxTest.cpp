@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <stdexcept>
 
 namespace boxtest {
 
@@ -90,10 +91,9 @@ Box BoxTest::start(std::vector<std::string> application, const std::string& star
     application.insert(application.begin(), {"run", "--box", box.name, "--"});
     box.launcher = std::make_unique<Process>(tamoBox(std::move(application)), GetParam(),
                                              std::string(), prepare);
-    if (!box.launcher->printed(started)) {
-        ADD_FAILURE() << "the box did not start: " << box.launcher->errors();
-        return box;
-    }
+    // Without its process ids a test must not go on: a signal to -1 reaches the whole machine.
+    if (!box.launcher->printed(started))
+        throw std::runtime_error("the box did not start: " + box.launcher->errors());
     box.bwrap = childrenOf(box.launcher->pid()).at(0);
     box.init = childrenOf(box.bwrap).at(0);
     box.processNamespace = processNamespaceOf(box.init);

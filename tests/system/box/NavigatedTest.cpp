@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NavigatedTest.h"
 
+#include <signal.h>
+
+#include <stdexcept>
+
 namespace boxtest {
 
 Box NavigatedTest::startNavigated(std::vector<std::string> arguments) const
@@ -65,6 +69,14 @@ std::string NavigatedTest::valueIn(const Navigated& application, const std::stri
     const std::size_t name = output.find(',' + attribute + ':', line);
     const std::size_t value = output.find(':', name + attribute.size() + 2) + 1;
     return output.substr(value, output.find_first_of(",\n", value) - value);
+}
+
+void signalProgram(const Box& box, const std::string& program, int signal)
+{
+    const pid_t process = box.find(program);
+    if (process <= 0)
+        throw std::runtime_error("no process of the box executes " + program);
+    kill(process, signal);
 }
 
 int countOf(const std::string& text, const std::string& part)

@@ -146,7 +146,17 @@ TEST_P(NavigatorFailureTest, GarbageOfCommandsIsAnsweredWithAnError)
     EXPECT_THAT(answerTo("event", "{}"), HasSubstr("code must be a whole number"));
     EXPECT_THAT(answerTo("event", "{\"code\":1,\"data\":{}}"), HasSubstr("data must be a text"));
     EXPECT_EQ(countOf(box.launcher->output(), "\n"), 1);
+    const std::string enormous = std::string(1'000'000, 'x');
+    EXPECT_THAT(in(box, {"pps", "set", "box/navigator", "--wait", "10s", "-"},
+                   "msg::back\nid::" + enormous + '\n')
+                    .output,
+                HasSubstr("the id must be at most 256 bytes long"));
+    EXPECT_THAT(
+        in(box, {"pps", "set", "box/navigator", "--wait", "10s", "-"}, "msg::" + enormous + '\n')
+            .output,
+        HasSubstr("there is no such command; there are: active"));
     EXPECT_THAT(in(box, {"navigator", "back"}), succeeds());
+    EXPECT_EQ(box.launcher->errors(), "");
 }
 
 TEST_P(NavigatorFailureTest, ServiceThatWasKilledKnowsItsApplicationsAgain)
@@ -157,12 +167,11 @@ TEST_P(NavigatorFailureTest, ServiceThatWasKilledKnowsItsApplicationsAgain)
     const auto process = startBeside(box);
     const Navigated gone = applicationOf(*process);
     EXPECT_THAT(in(box, {"navigator", "lock"}), succeeds());
-    const pid_t service = box.find("navigator-servi");
     // While it is stopped, an application ends that it cannot hear of.
-    kill(service, SIGSTOP);
-    kill(box.find("tamo-test-navig") == -1 ? -1 : process->pid(), SIGTERM);
+    signalProgram(box, "navigator-servi", SIGSTOP);
+    kill(process->pid(), SIGTERM);
     EXPECT_EQ(process->wait(), 128 + SIGTERM);
-    kill(service, SIGKILL);
+    signalProgram(box, "navigator-servi", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("navigator-service ended by signal 9; started again\n"));
     const std::string before = applicationsWith(box, "\"badge\":0");
     ASSERT_TRUE(waitUntil([&] {
@@ -182,7 +191,7 @@ TEST_P(NavigatorFailureTest, CommandFailsWhereTheServiceIsKilledMeanwhile)
     const Box box = startNavigated({"ignore=orientationCheck"});
     const auto rotate = begin(box, {"rotate", "90", "--limit", "1h"});
     ASSERT_TRUE(box.launcher->printed("msg::orientationCheck"));
-    kill(box.find("navigator-servi"), SIGKILL);
+    signalProgram(box, "navigator-servi", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("started again\n"));
     EXPECT_THAT(in(box, {"rotate", "180", "--limit", "50ms", "--json"}).output,
                 HasSubstr("\"check\":\"none\""));
