@@ -5,6 +5,13 @@
 
 namespace tamobox {
 
+namespace {
+
+// An answer may carry them, and has to find room in a message.
+constexpr std::size_t longestId = 256; // bytes; also of a command that there is not
+
+} // namespace
+
 ControlMailbox::ControlMailbox(EventLoop& loop, const std::string& object,
                                std::map<std::string, Command> commands,
                                MailboxServer::LeaveHandler onLeave)
@@ -45,8 +52,12 @@ void ControlMailbox::report(const ControlRequest& request,
 
 void ControlMailbox::handle(MailboxServer::Client client, MessageReader& message)
 {
-    const ControlRequest request = {client, message.string("id").value_or("")};
+    ControlRequest request = {client, message.string("id").value_or("")};
     try {
+        if (request.id.size() > longestId) {
+            request.id.clear();
+            throw Failure("the id must be at most " + std::to_string(longestId) + " bytes long");
+        }
         if (carryOut(request, message) == Outcome::Done)
             accept(request);
     } catch (const ObjectFailure&) {
@@ -67,7 +78,9 @@ ControlMailbox::Outcome ControlMailbox::carryOut(const ControlRequest& request,
         std::string known;
         for (const auto& [knownName, ignored] : m_commands)
             known += (known.empty() ? "" : ", ") + knownName;
-        throw Failure("there is no command '" + *name + "'; there are: " + known);
+        throw Failure((name->size() > longestId ? "there is no such command"
+                                                : "there is no command '" + *name + '\'') +
+                      "; there are: " + known);
     }
     if (!message.has("dat"))
         return command->second(request, message);

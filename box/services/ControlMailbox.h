@@ -19,9 +19,9 @@ struct ControlRequest
 
 /**
  * The mailbox through which `tamo-box` commands reach a service. A request is `msg` (the command),
- * `id` (a text of the client's choice) and `dat` (an object: the arguments). Its answer is `id` and
- * `res`: `ok`, or `error` with a sentence in `text`. Before it there may be any number of reports,
- * each `id`, `msg` `progress` and `dat`.
+ * `id` (a text of the client's choice, at most 256 bytes long) and `dat` (an object: the
+ * arguments). Its answer is `id` and `res`: `ok`, or `error` with a sentence in `text`. Before it
+ * there may be any number of reports, each `id`, `msg` `progress` and `dat`.
  */
 class ControlMailbox
 {
