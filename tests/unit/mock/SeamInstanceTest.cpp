@@ -116,7 +116,7 @@ private:
 };
 
 using Seams = testing::Types<ZelApi, ScreenApi>;
-TYPED_TEST_SUITE(SeamInstance, Seams);
+TYPED_TEST_SUITE(SeamInstance, Seams, );
 
 TYPED_TEST(SeamInstance, OneThatIsSetBeforeTheFirstUseIsUsed)
 {
