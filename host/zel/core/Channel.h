@@ -98,8 +98,9 @@ public:
     std::map<ObjectKey, std::shared_ptr<ObjectWatch>>& objects() { return m_objects; }
 
     /**
-     * Room for a message and a zero after it. It begins small and is enlarged by whoever needs more,
-     * up to the limit: a read into room for the longest message has the kernel hold every page of it.
+     * Room for a message and a zero after it. It begins small and is enlarged by whoever needs
+     * more, up to the limit: a read into room for the longest message has the kernel hold every
+     * page of it.
      */
     std::vector<char>& messageBuffer() { return m_messageBuffer; }
     static constexpr std::size_t LargestMessageBuffer = std::size_t{1} << 20;
