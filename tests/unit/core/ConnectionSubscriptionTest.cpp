@@ -337,6 +337,18 @@ TEST_F(ConnectionSubscriptionTest, DestructionOfTheObjectEndsIt)
     EXPECT_EQ(stops(), 1);
 }
 
+TEST_F(ConnectionSubscriptionTest, ReceiverAndObjectAreDestroyedOneAfterTheOther)
+{
+    for (int i = 0; i < 300; ++i) {
+        source.emplace(service);
+        auto shortLived = std::make_unique<Receiver>();
+        QObject::connect(&*source, &Source::happened, shortLived.get(), &Receiver::take);
+        EXPECT_TRUE(deliver());
+        shortLived.reset();
+        source.reset();
+    }
+}
+
 class ConnectionStorm : public ConnectionSubscriptionTest
 {
 protected:

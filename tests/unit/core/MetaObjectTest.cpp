@@ -3,6 +3,8 @@
 #include "device/BatteryInfoPrivate.h"
 #include "pps/PpsAccessorPrivate.h"
 
+#include <tamo/Application.h>
+#include <tamo/Navigator.h>
 #include <tamo/PpsAccessor.h>
 #include <tamo/PpsObject.h>
 #include <tamo/device/BatteryInfo.h>
@@ -11,6 +13,7 @@
 #include <QMetaMethod>
 #include <QMetaObject>
 #include <QMetaProperty>
+#include <QUrl>
 #include <QVariant>
 
 #include <gmock/gmock.h>
@@ -22,6 +25,8 @@
 
 namespace {
 
+using tamo::Application;
+using tamo::Navigator;
 using tamo::PpsAccessor;
 using tamo::PpsAccessorPrivate;
 using tamo::PpsObject;
@@ -90,6 +95,28 @@ Method slot(QMetaMethod::Access access, int returnType, const std::string& name,
 const std::vector<Class>& classes()
 {
     static const std::vector<Class> table = {
+        {&Application::staticMetaObject,
+         "tamo::Application",
+         &QCoreApplication::staticMetaObject,
+         {signal("thumbnail", {{type<QString>, "windowGroupId"}}),
+          signal("fullscreen", {{type<QString>, "windowGroupId"}}),
+          signal("invisible", {{type<QString>, "windowGroupId"}}), signal("swipeDown"),
+          signal("lowMemory"), signal("asleep", {{type<QString>, "windowGroupId"}}),
+          signal("awake", {{type<QString>, "windowGroupId"}}),
+          signal("urlHandlerInvoked", {{type<QUrl>, "url"}})},
+         {},
+         {}},
+        {&Navigator::staticMetaObject,
+         "tamo::Navigator",
+         &QObject::staticMetaObject,
+         {signal("thumbnail", {{type<QString>, "windowGroupId"}}),
+          signal("fullscreen", {{type<QString>, "windowGroupId"}}),
+          signal("invisible", {{type<QString>, "windowGroupId"}}), signal("swipeDown"),
+          signal("lowMemory"), signal("asleep", {{type<QString>, "windowGroupId"}}),
+          signal("awake", {{type<QString>, "windowGroupId"}}), signal("exit"),
+          signal("orientationHandlerChanged"), signal("urlHandlerInvoked", {{type<QUrl>, "url"}})},
+         {},
+         {}},
         {&PpsObject::staticMetaObject,
          "tamo::PpsObject",
          &QObject::staticMetaObject,
