@@ -132,9 +132,9 @@ Process::~Process()
     close(m_errorReader);
 }
 
-bool Process::printed(const std::string& text)
+bool Process::printed(const std::string& text, std::size_t from)
 {
-    return readUntil([&] { return m_output.find(text) != std::string::npos; });
+    return readUntil([&] { return m_output.find(text, from) != std::string::npos; });
 }
 
 bool Process::complained(const std::string& text)

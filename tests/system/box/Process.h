@@ -50,9 +50,9 @@ public:
 
     pid_t pid() const { return m_pid; }
 
-    /** Waits until the output holds a text; false when the limit has passed or the output has
-     * ended. */
-    bool printed(const std::string& text);
+    /** Waits until the output holds a text, from a place on; false when the limit has passed or the
+     * output has ended. */
+    bool printed(const std::string& text, std::size_t from = 0);
 
     /** The same of its standard error. */
     bool complained(const std::string& text);
