@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the tests of the box; ends with 77 (skipped) where this machine cannot run a box.
+#include "FuseDevice.h"
 #include "Process.h"
 #include "Programs.h"
 #include "RunTests.h"
@@ -16,6 +17,7 @@ int main(int argc, char** argv)
     // Boxes are found through the network namespace: in one of their own, tests do not see the
     // boxes of other programs. Only root may have one just so; others must have no box running.
     unshare(CLONE_NEWNET);
+    tamotest::openFuseDevice();
     const boxtest::Programs programs;
     for (const boxtest::User user : boxtest::users()) {
         boxtest::Process doctor({boxtest::Programs::tamoBox(), "doctor"}, user);
