@@ -31,6 +31,7 @@ void ConnectionSubscription::connected(const QMetaMethod& signal)
 {
     // A slot that runs directly on the dispatch thread has connected; the registry lock is held.
     if (ZelEventDispatcher::isDispatchThread()) {
+        m_isToSubscribe = true;
         SubscriptionThread::instance().lookAt(*this);
         return;
     }
@@ -69,7 +70,9 @@ bool ConnectionSubscription::look()
     if (m_isEnded)
         return true;
     const bool isDue = hasConnections();
-    if (isDue == m_isSubscribed)
+    if (isDue && m_isSubscribed)
+        m_isToSubscribe = false;
+    if (isDue == m_isSubscribed || (isDue && !m_isToSubscribe))
         return !isDue;
     try {
         m_isSubscribed = isDue;

@@ -5,6 +5,7 @@
 #include <QtCore/QMetaMethod>
 #include <QtCore/QObject>
 
+#include <atomic>
 #include <functional>
 #include <mutex>
 
@@ -64,7 +65,9 @@ public:
     void disconnected();
 
     /**
-     * Subscribes or unsubscribes, whichever is due. Not on the dispatch thread.
+     * Unsubscribes where that is due; subscribes for a connection that was made on the dispatch
+     * thread, since for any other connected() does, which can say that it failed. Not on the
+     * dispatch thread.
      *
      * @return whether there are no connections, so that no other look is needed
      */
@@ -81,10 +84,11 @@ private:
     const IsConnected m_isConnected;
     StandardZelEventHandler& m_handler;
     const int m_flags;
+    std::atomic<bool> m_isToSubscribe{false}; // for a connection made on the dispatch thread
     bool m_isSubscribed = false;
     bool m_isEnded = false;
     bool m_isForgotten = false; // the SubscriptionThread's, under its lock
-    std::mutex m_mutex;         // guards the first two; the first in the lock order
+    std::mutex m_mutex;         // guards m_isSubscribed and m_isEnded; the first in the order
 };
 
 } // namespace tamo
