@@ -135,7 +135,7 @@ TEST_P(BatteryTest, DrainNoticesThatTheServiceHasDied)
 {
     const Box box = startIdle();
     const auto drain = startDrain(box, "0", "1h");
-    kill(box.find("power-service"), SIGKILL);
+    box.signal("power-service", SIGKILL);
     EXPECT_EQ(drain->wait(), 1);
     EXPECT_EQ(drain->errors(), "tamo-box: the service at /pps/box/power does not answer\n");
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 #include <stdexcept>
 
@@ -45,6 +46,16 @@ pid_t Box::find(const std::string& program) const
         if (programOf(process) == program)
             return process;
     return -1;
+}
+
+pid_t Box::signal(const std::string& program, int number) const
+{
+    const pid_t process = find(program);
+    // To kill(), -1 is every process of the machine.
+    if (process <= 0)
+        throw std::runtime_error("no process of the box executes " + program);
+    kill(process, number);
+    return process;
 }
 
 bool Box::isGone() const

@@ -36,6 +36,14 @@ struct Box
      * none. */
     pid_t find(const std::string& program) const;
 
+    /**
+     * Sends a signal to the process in the box that executes a program.
+     *
+     * @return its process id, outside
+     * @throws std::runtime_error where there is none
+     */
+    pid_t signal(const std::string& program, int number) const;
+
     /** Whether the box has ended and nothing of it is left. */
     bool isGone() const;
 };

@@ -33,9 +33,7 @@ TEST_P(DeviceTest, ServiceThatDiedKeepsWhatIsPublished)
     const Box box = startIdle();
     EXPECT_THAT(in(box, {"pps", "set", "services/deviceinfo/data", "OsVersion::2.3.4.5"}),
                 succeeds());
-    const pid_t service = box.find("device-service");
-    ASSERT_NE(service, -1);
-    kill(service, SIGKILL);
+    box.signal("device-service", SIGKILL);
     ASSERT_TRUE(box.launcher->complained("device-service ended by signal 9; started again\n"));
     // It has published what it would when it sleeps in its event loop.
     EXPECT_TRUE(waitUntil([&] {

@@ -24,9 +24,7 @@ protected:
     /** Kills the service and waits until the next one answers. */
     void restart(const Box& box) const
     {
-        const pid_t service = box.find("display-service");
-        ASSERT_NE(service, -1);
-        kill(service, SIGKILL);
+        box.signal("display-service", SIGKILL);
         ASSERT_TRUE(box.launcher->complained("display-service ended by signal 9; started again\n"));
         ASSERT_TRUE(waitUntil([&] { return rotate(box, "{}").output.find("res::") != npos; }));
     }

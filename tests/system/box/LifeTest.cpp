@@ -54,7 +54,7 @@ TEST_P(LifeTest, KilledGroupLeavesNothing)
 TEST_P(LifeTest, KilledApplicationEndsTheBox)
 {
     const Box box = startIdle();
-    kill(box.find("tamo-test-idle"), SIGKILL);
+    box.signal("tamo-test-idle", SIGKILL);
     EXPECT_EQ(box.launcher->wait(), 128 + SIGKILL);
     EXPECT_TRUE(box.isGone());
     EXPECT_EQ(box.launcher->errors(), "");
@@ -63,7 +63,7 @@ TEST_P(LifeTest, KilledApplicationEndsTheBox)
 TEST_P(LifeTest, ApplicationRunsOnWithoutTheFilesystem)
 {
     const Box box = startIdle();
-    kill(box.find("ppsfs"), SIGKILL);
+    box.signal("ppsfs", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("the application runs on without them\n"));
     EXPECT_EQ(box.launcher->errors(),
               "tamo-box: ppsfs ended by signal 9; /pps and the services are "
@@ -79,8 +79,7 @@ TEST_P(LifeTest, KilledServiceIsStartedAgainAndGoesOn)
 {
     const Box box = startIdle();
     EXPECT_THAT(in(box, {"battery", "level", "42"}), succeeds());
-    const pid_t killed = box.find("power-service");
-    kill(killed, SIGKILL);
+    const pid_t killed = box.signal("power-service", SIGKILL);
     EXPECT_TRUE(
         box.launcher->complained("tamo-box: power-service ended by signal 9; started again\n"));
     EXPECT_THAT(in(box, {"battery"}).output, HasSubstr("42 %"));

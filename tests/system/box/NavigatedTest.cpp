@@ -71,14 +71,6 @@ std::string NavigatedTest::valueIn(const Navigated& application, const std::stri
     return output.substr(value, output.find_first_of(",\n", value) - value);
 }
 
-void signalProgram(const Box& box, const std::string& program, int signal)
-{
-    const pid_t process = box.find(program);
-    if (process <= 0)
-        throw std::runtime_error("no process of the box executes " + program);
-    kill(process, signal);
-}
-
 int countOf(const std::string& text, const std::string& part)
 {
     int count = 0;

@@ -45,10 +45,6 @@ protected:
                                const std::string& attribute);
 };
 
-/** Sends a signal to a process of a box; throws where it has none that executes the program, since
- * a signal to -1 would reach the whole machine. */
-void signalProgram(const Box& box, const std::string& program, int signal);
-
 /** How often a text holds another. */
 int countOf(const std::string& text, const std::string& part);
 

@@ -168,10 +168,10 @@ TEST_P(NavigatorFailureTest, ServiceThatWasKilledKnowsItsApplicationsAgain)
     const Navigated gone = applicationOf(*process);
     EXPECT_THAT(in(box, {"navigator", "lock"}), succeeds());
     // While it is stopped, an application ends that it cannot hear of.
-    signalProgram(box, "navigator-servi", SIGSTOP);
+    box.signal("navigator-servi", SIGSTOP);
     kill(process->pid(), SIGTERM);
     EXPECT_EQ(process->wait(), 128 + SIGTERM);
-    signalProgram(box, "navigator-servi", SIGKILL);
+    box.signal("navigator-servi", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("navigator-service ended by signal 9; started again\n"));
     const std::string before = applicationsWith(box, "\"badge\":0");
     ASSERT_TRUE(waitUntil([&] {
@@ -191,7 +191,7 @@ TEST_P(NavigatorFailureTest, CommandFailsWhereTheServiceIsKilledMeanwhile)
     const Box box = startNavigated({"ignore=orientationCheck"});
     const auto rotate = begin(box, {"rotate", "90", "--limit", "1h"});
     ASSERT_TRUE(box.launcher->printed("msg::orientationCheck"));
-    signalProgram(box, "navigator-servi", SIGKILL);
+    box.signal("navigator-servi", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("started again\n"));
     EXPECT_THAT(in(box, {"rotate", "180", "--limit", "50ms", "--json"}).output,
                 HasSubstr("\"check\":\"none\""));

@@ -216,14 +216,14 @@ TEST_P(RotateTest, ApplicationInTheBackgroundDoesNotTurnTheDisplay)
 TEST_P(RotateTest, DisplayServiceThatDoesNotAnswerIsAnError)
 {
     const Box box = startNavigated();
-    signalProgram(box, "display-service", SIGSTOP);
+    box.signal("display-service", SIGSTOP);
     const Result result = in(box, {"rotate", "90", "--json"});
     EXPECT_THAT(result, failsWith(1, "the display was not turned: the display service did not "
                                      "answer within 2000 ms"));
     EXPECT_THAT(result.output, MatchesRegex(reportOf("90", applicationOf(box).group, "accepted",
                                                      "not asked", "false", "0")));
     EXPECT_TRUE(box.launcher->printed("msg::orientationEnd,angle:n:0\n"));
-    signalProgram(box, "display-service", SIGKILL);
+    box.signal("display-service", SIGKILL);
     EXPECT_THAT(in(box, {"rotate", "90"}), succeeds());
     EXPECT_THAT(displays(box), HasSubstr("\"rotation\":90"));
 }
