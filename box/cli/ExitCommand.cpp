@@ -27,7 +27,7 @@ constexpr auto retryPause = std::chrono::milliseconds(10);
 /** How an application left. */
 struct Leave
 {
-    std::string group = {};
+    std::string group = {}; // empty: the box ended before it was told
     bool byItself = true;
     int milliseconds = -1; // -1: the box ended before it was told
 };
@@ -66,9 +66,9 @@ void askToLeave(const std::string& box, const NavigatorTarget& target,
                     client.tell("overdueWasRead");
             });
     } catch (const ObjectFailure& failure) {
-        // The box ends with its application, and may do so before the answer.
+        // The box ends with its application, and may do so before anything of the answer is read.
         const bool isGone = failure.error() == ENOTCONN || failure.error() == ECONNABORTED;
-        if (!isGone || leave.group.empty() || !boxEnds(box))
+        if (!isGone || !boxEnds(box))
             throw;
     }
 }
@@ -87,10 +87,10 @@ void print(const CommonOptions& options, const Leave& leave)
                                 .endObject()
                                 .text()
                                 .c_str());
-    else if (leave.byItself)
-        std::printf("%s left after %d ms\n", leave.group.c_str(), leave.milliseconds);
     else
-        std::printf("%s did not leave within %d ms and was killed\n", leave.group.c_str(),
+        std::printf(leave.byItself ? "%s left after %d ms\n"
+                                   : "%s did not leave within %d ms and was killed\n",
+                    leave.group.empty() ? "the application" : leave.group.c_str(),
                     leave.milliseconds);
 }
 
