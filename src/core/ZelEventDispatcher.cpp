@@ -31,7 +31,8 @@ struct ZelEventDispatcher::Registry
 
 namespace {
 
-thread_local bool isInDispatchThread = false;
+// Found without a call of the loader.
+thread_local bool isInDispatchThread __attribute__((tls_model("initial-exec"))) = false;
 
 } // namespace
 

@@ -44,11 +44,11 @@ std::size_t hashOf(const Words& words)
 } // namespace
 
 // Found without a call of the loader. Such storage is scarce in a process, and these few bytes fit.
-#define TAMO_FAST_THREAD_LOCAL static thread_local __attribute__((tls_model("initial-exec")))
+#define TAMO_INITIAL_EXEC __attribute__((tls_model("initial-exec")))
 
 NameCache* NameCache::ofThisThread()
 {
-    TAMO_FAST_THREAD_LOCAL bool hasEnded = false;
+    TAMO_INITIAL_EXEC static thread_local bool hasEnded = false;
     struct Owner
     {
         std::unique_ptr<NameCache> cache = std::make_unique<NameCache>();
@@ -56,7 +56,7 @@ NameCache* NameCache::ofThisThread()
     };
     if (hasEnded)
         return nullptr;
-    TAMO_FAST_THREAD_LOCAL const Owner owner;
+    TAMO_INITIAL_EXEC static thread_local const Owner owner;
     return owner.cache.get();
 }
 
