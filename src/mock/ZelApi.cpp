@@ -24,6 +24,7 @@
 #include <tamomock/ZelSoundPlayerImpl.h>
 #include <tamomock/ZelVirtualKeyboardImpl.h>
 
+#include <chrono>
 #include <utility>
 
 namespace tamomock {
