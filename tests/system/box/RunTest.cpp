@@ -164,7 +164,8 @@ TEST_P(RunTest, APipeThatTheApplicationClosesIsClosed)
 TEST_P(RunTest, ObjectsOfTheServicesAreThereUnpublished)
 {
     EXPECT_EQ(inside({"sh", "-c", "cd /pps && find . -type f -size 0 | sort"}),
-              "./box/power\n./services/power/battery\n./services/power/charger\n");
+              "./box/display\n./box/navigator\n./box/power\n./services/navigator/control\n"
+              "./services/navigator/events\n./services/power/battery\n./services/power/charger\n");
 }
 
 TEST_P(RunTest, ServicesListenBeforeTheApplicationStarts)
