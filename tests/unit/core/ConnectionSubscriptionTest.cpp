@@ -383,7 +383,7 @@ TEST_F(ConnectionStorm, ReceiversOfSeveralThreadsComeAndGo)
         for (int i = 0; i < 1'000; ++i) {
             Receiver shortLived;
             QObject::connect(&*source, &Source::happened, &shortLived, &Receiver::take,
-                             i % 2 == 0 ? Qt::AutoConnection : Qt::DirectConnection);
+                             i % 2 == 0 ? Qt::AutoConnection : Qt::QueuedConnection);
             if (i % 3 == 0)
                 QObject::disconnect(&*source, nullptr, &shortLived, nullptr);
         }
