@@ -141,10 +141,11 @@ void ZelEventDispatcher::awaitRunning(Lock& lock)
         const unsigned long start = all.starts;
         all.stateChanged.wait(lock,
                               [&] { return all.starts != start || all.state != State::Starting; });
-        // Of several threads that waited for it, one has perhaps done away with the dispatcher.
         if (all.failedStart == start) {
             logLine("ZelEventDispatcher::registerForEvents() - zel channel for thread is invalid");
-            endIfUnused(lock);
+            // Another thread has perhaps done away with the dispatcher, or started it anew.
+            if (all.state == State::Failed)
+                endIfUnused(lock);
             throw Exception();
         }
     }
