@@ -13,15 +13,14 @@ for name in pps screen zel; do
 done
 readelf -d "$library" | grep -q 'SONAME.*\[libtamo.so.0\]' || fail "the library's name is another"
 
-# Public classes: those with a header of their own.
-classes=$(cd "$PREFIX/include" && find tamo* -name '[A-Z]*.h' |
-    sed 's/\.h$//; s|/|::|g')
+# Public classes and functions: those with a header of their own.
+names=$(cd "$PREFIX/include" && find tamo* -name '*.h' | sed 's/\.h$//; s|/|::|g')
 shown=$(nm -DC --defined-only "$library" | cut -d ' ' -f 3- |
     sed -E 's/^(typeinfo( name)?|vtable) for //')
 while read -r symbol; do
     known=
-    for class in $classes; do
-        [[ $symbol != "$class" && $symbol != "$class"::* ]] || known=yes
+    for name in $names; do
+        [[ $symbol != "$name" && $symbol != "$name"::* && $symbol != "$name("* ]] || known=yes
     done
     [ -n "$known" ] || fail "libtamo shows $symbol"
 done <<<"$shown"
