@@ -76,8 +76,8 @@ void ZelApi::setInstance(ZelApi* instance)
 
 void ZelApi::clearInstance(ZelApi* instance)
 {
-    // Its owner is about to delete it, and a subscription that has just lost its last connection may
-    // be ending still.
+    // Its owner is about to delete it, and a subscription that has just lost its last connection
+    // may be ending still.
     if (current().clear(instance))
         tamo::SubscriptionThread::instance().settle(settlingLimit);
 }

@@ -205,7 +205,8 @@ ZEL_EXPORT int zel_register_channel_destroy_handler(int channel, zel_end_handler
  * handler is called whenever the descriptor is ready, and may push events. Readiness is a level:
  * the handler is called again as long as it stays.
  *
- * @param fd stays the caller's; zel_remove_fd() it before closing it, or it may go on being reported
+ * @param fd stays the caller's; zel_remove_fd() it before closing it, or it may go on being
+ * reported
  * @param io_events ZEL_IO_INPUT, ZEL_IO_OUTPUT or both; ZEL_IO_EXCEPT may be added
  *
  * Errors: as zel_channel_create(); EINVAL; EBADF; EEXIST (the channel watches it already); EPERM
