@@ -25,6 +25,9 @@ class OrientationHandler;
  * last connection has gone, the thread ends soon after. While the application object is being
  * destroyed, nothing is emitted.
  *
+ * Where the platform's event library fails, connecting throws tamo::Exception, and there is no
+ * connection then.
+ *
  * **Turning.** When the phone is turned, the application is asked first whether it turns along; the
  * answer is what setAllowedOrientation() has said. If it does, the window gets the new angle, and
  * the OrientationHandler redraws it.
