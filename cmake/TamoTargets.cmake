@@ -41,6 +41,31 @@ function(tamo_add_shared_library target)
     _tamo_set_rpath(${target} ${CMAKE_INSTALL_LIBDIR})
 endfunction()
 
+# A C library of the platform: lib<name>.so.0, what its lib<name>.map names, the headers in
+# host/include/<name>, and a pkg-config module.
+#   tamo_add_platform_library(name DESCRIPTION text SOURCES ...)
+function(tamo_add_platform_library target)
+    cmake_parse_arguments(arg "" "DESCRIPTION" "SOURCES" ${ARGN})
+    tamo_add_shared_library(${target} ${arg_SOURCES})
+    add_library(tamo::${target} ALIAS ${target})
+    target_include_directories(${target}
+        PUBLIC
+            $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/host/include>
+            $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+        PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/host)
+    set(symbols ${CMAKE_CURRENT_SOURCE_DIR}/lib${target}.map)
+    target_link_options(${target} PRIVATE -Wl,--version-script=${symbols})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${symbols})
+
+    install(TARGETS ${target} EXPORT tamoTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/host/include/${target}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    file(RELATIVE_PATH prefix_from_pkgconfig /${pkgconfig_dir} /)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/platform-library.pc.in ${target}.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${target}.pc DESTINATION ${pkgconfig_dir})
+endfunction()
+
 # A program that users call; installed into bin.
 function(tamo_add_program target)
     add_executable(${target} ${ARGN})

@@ -20,14 +20,14 @@ namespace {
 
 constexpr int UsageError = 2;
 
-ppsfs::FileDescriptor takeReadyDescriptor(int number)
+host::FileDescriptor takeReadyDescriptor(int number)
 {
     if (number < 0)
-        return ppsfs::FileDescriptor();
+        return host::FileDescriptor();
     if (fcntl(number, F_SETFD, FD_CLOEXEC) != 0)
         throw std::runtime_error("--ready-fd " + std::to_string(number) + ": " +
                                  std::strerror(errno));
-    return ppsfs::FileDescriptor(number);
+    return host::FileDescriptor(number);
 }
 
 void check(const char* what, int error)
@@ -38,7 +38,7 @@ void check(const char* what, int error)
 
 void serve(const std::string& mountpoint, int readyDescriptor)
 {
-    ppsfs::FileDescriptor ready = takeReadyDescriptor(readyDescriptor);
+    host::FileDescriptor ready = takeReadyDescriptor(readyDescriptor);
     const ppsfs::Mount mount(mountpoint);
     check("cannot give up capabilities", ppsfs::shelveCapabilities());
     ppsfs::FuseServer server(mount.device(), std::move(ready));

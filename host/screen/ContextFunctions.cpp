@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <screen/screen.h>
 
-#include "Call.h"
 #include "ContextTable.h"
 #include "Handle.h"
+#include "common/Call.h"
 
 using namespace screen;
 
 int screen_create_context(screen_context_t* context, int flags)
 {
-    return call([&] {
+    return host::call([&] {
         if (!context || flags != SCREEN_APPLICATION_CONTEXT)
             return EINVAL;
         return ContextTable::instance().create(*context);
@@ -18,12 +18,12 @@ int screen_create_context(screen_context_t* context, int flags)
 
 int screen_destroy_context(screen_context_t context)
 {
-    return call([&] { return ContextTable::instance().destroy(context) ? 0 : EINVAL; });
+    return host::call([&] { return ContextTable::instance().destroy(context) ? 0 : EINVAL; });
 }
 
 int screen_get_context_property_iv(screen_context_t context, int name, int* values)
 {
-    return call([&] {
+    return host::call([&] {
         const auto found = ContextTable::instance().find(context);
         if (!found || name != SCREEN_PROPERTY_DISPLAY_COUNT || !values)
             return EINVAL;
@@ -37,7 +37,7 @@ int screen_get_context_property_iv(screen_context_t context, int name, int* valu
 
 int screen_get_context_property_pv(screen_context_t context, int name, void** values)
 {
-    return call([&] {
+    return host::call([&] {
         const auto found = ContextTable::instance().find(context);
         if (!found || name != SCREEN_PROPERTY_DISPLAYS || !values)
             return EINVAL;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <screen/screen.h>
 
-#include "Call.h"
 #include "ContextTable.h"
 #include "DisplayName.h"
 #include "Handle.h"
+#include "common/Call.h"
 
 #include <algorithm>
 #include <utility>
@@ -43,7 +43,7 @@ int put(int* values, std::pair<int, int> pair)
 
 int screen_get_display_property_iv(screen_display_t display, int name, int* values)
 {
-    return call([&] {
+    return host::call([&] {
         const std::optional<Display> found = find(display);
         if (!found || !values)
             return EINVAL;
@@ -71,7 +71,7 @@ int screen_get_display_property_iv(screen_display_t display, int name, int* valu
 
 int screen_get_display_property_cv(screen_display_t display, int name, int length, char* value)
 {
-    return call([&] {
+    return host::call([&] {
         const std::optional<Display> found = find(display);
         if (!found || name != SCREEN_PROPERTY_ID_STRING || length <= 0 || !value)
             return EINVAL;

@@ -3,6 +3,8 @@
 
 #include "DisplayReader.h"
 
+#include "common/FileDescriptor.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -18,24 +20,6 @@ constexpr char ObjectPath[] = "/pps/services/screen/displays";
 // The second one takes any message. A buffer that is too small is refused, and loses nothing.
 constexpr std::size_t BufferSizes[] = {std::size_t{16} << 10, std::size_t{1} << 20};
 
-class FileDescriptor
-{
-public:
-    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
-    ~FileDescriptor()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    int get() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
-
 /** A system call, again for as long as signals interrupt it. */
 template<class Call>
 auto uninterrupted(Call call)
@@ -50,7 +34,7 @@ auto uninterrupted(Call call)
 
 int readDisplayObject(std::vector<Display>& displays)
 {
-    const FileDescriptor object(
+    const host::FileDescriptor object(
         uninterrupted([] { return open(ObjectPath, O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
     if (object.get() == -1) {
         if (errno != ENOENT)

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <screen/screen.h>
 
-#include "Call.h"
 #include "EventTable.h"
+#include "common/Call.h"
 
 using namespace screen;
 
 int screen_get_event_property_cv(screen_event_t, int, int, char*)
 {
-    return call([] { return EINVAL; });
+    return host::call([] { return EINVAL; });
 }
 
 int screen_get_event_property_iv(screen_event_t event, int name, int* values)
 {
-    return call([&] {
+    return host::call([&] {
         const std::optional<DisplayEvent> found = EventTable::instance().find(event);
         if (!found || !values)
             return EINVAL;
@@ -35,12 +35,12 @@ int screen_get_event_property_iv(screen_event_t event, int name, int* values)
 
 int screen_get_event_property_llv(screen_event_t, int, long long*)
 {
-    return call([] { return EINVAL; });
+    return host::call([] { return EINVAL; });
 }
 
 int screen_get_event_property_pv(screen_event_t event, int name, void** values)
 {
-    return call([&] {
+    return host::call([&] {
         const std::optional<DisplayEvent> found = EventTable::instance().find(event);
         if (!found || name != SCREEN_PROPERTY_DISPLAY || !values)
             return EINVAL;

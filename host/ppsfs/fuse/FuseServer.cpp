@@ -60,7 +60,7 @@ void FuseServer::SessionDeleter::operator()(fuse_session* session) const
     fuse_session_destroy(session);
 }
 
-FuseServer::FuseServer(int device, FileDescriptor ready) : m_ready(std::move(ready))
+FuseServer::FuseServer(int device, host::FileDescriptor ready) : m_ready(std::move(ready))
 {
     fuse_lowlevel_ops operations{};
     operations.init = &FuseServer::initialize;

@@ -2,9 +2,9 @@
 #ifndef PPSFS_FUSESERVER_H
 #define PPSFS_FUSESERVER_H
 
-#include "FileDescriptor.h"
 #include "FileSystem.h"
 #include "FuseApi.h"
+#include "common/FileDescriptor.h"
 
 #include <memory>
 
@@ -23,7 +23,7 @@ public:
      *
      * Throws std::runtime_error.
      */
-    FuseServer(int device, FileDescriptor ready);
+    FuseServer(int device, host::FileDescriptor ready);
     ~FuseServer();
     FuseServer(const FuseServer&) = delete;
     FuseServer& operator=(const FuseServer&) = delete;
@@ -41,7 +41,7 @@ private:
         void operator()(fuse_session* session) const;
     };
 
-    FileDescriptor m_ready;
+    host::FileDescriptor m_ready;
     FileSystem m_fileSystem;
     std::unique_ptr<fuse_session, SessionDeleter> m_session;
     fuse_buf m_buffer{}; ///< allocated once, by the library, for the longest request

@@ -40,9 +40,9 @@ std::string resolveDirectory(const std::string& path)
     return resolved.get();
 }
 
-FileDescriptor openDevice()
+host::FileDescriptor openDevice()
 {
-    FileDescriptor device(open(Device, O_RDWR | O_CLOEXEC));
+    host::FileDescriptor device(open(Device, O_RDWR | O_CLOEXEC));
     if (device)
         return device;
     switch (errno) {

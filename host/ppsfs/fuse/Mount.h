@@ -2,7 +2,7 @@
 #ifndef PPSFS_MOUNT_H
 #define PPSFS_MOUNT_H
 
-#include "FileDescriptor.h"
+#include "common/FileDescriptor.h"
 
 #include <string>
 
@@ -30,7 +30,7 @@ public:
     int device() const { return m_device.get(); }
 
 private:
-    FileDescriptor m_device;
+    host::FileDescriptor m_device;
     std::string m_mountpoint; ///< absolute, without symbolic links
 };
 

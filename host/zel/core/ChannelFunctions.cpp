@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -9,7 +9,7 @@ using zel::ThreadState;
 
 int zel_channel_create(int* channel)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -25,7 +25,7 @@ int zel_channel_create(int* channel)
 
 int zel_channel_set_active(int channel, int* previous)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -42,7 +42,7 @@ int zel_channel_set_active(int channel, int* previous)
 int zel_channel_get_active(void)
 {
     int id = -1;
-    zel::call([&] {
+    host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -57,7 +57,7 @@ int zel_channel_get_active(void)
 
 int zel_channel_destroy(int channel)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         return thread ? thread->destroyChannel(channel) : EPERM;
     });
@@ -65,7 +65,7 @@ int zel_channel_destroy(int channel)
 
 int zel_register_channel_destroy_handler(int channel, zel_end_handler_t handler, void* data)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -35,7 +35,7 @@ constexpr int AllEvents = ZEL_IO_INPUT | ZEL_IO_OUTPUT | ZEL_IO_EXCEPT;
 
 int zel_add_fd(int fd, int io_events, zel_io_handler_t handler, void* data)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -54,7 +54,7 @@ int zel_add_fd(int fd, int io_events, zel_io_handler_t handler, void* data)
 
 int zel_remove_fd(int fd)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;

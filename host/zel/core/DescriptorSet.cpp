@@ -49,7 +49,7 @@ int addDoorbell(int epoll, int doorbell)
 
 int DescriptorSet::open(int doorbell)
 {
-    FileDescriptor epoll(epoll_create1(EPOLL_CLOEXEC));
+    host::FileDescriptor epoll(epoll_create1(EPOLL_CLOEXEC));
     if (!epoll)
         return errno;
     if (const int error = addDoorbell(epoll.get(), doorbell))
@@ -133,7 +133,7 @@ void DescriptorSet::handle(const Ready& ready)
  */
 void DescriptorSet::renew()
 {
-    FileDescriptor epoll(epoll_create1(EPOLL_CLOEXEC));
+    host::FileDescriptor epoll(epoll_create1(EPOLL_CLOEXEC));
     if (!epoll || addDoorbell(epoll.get(), m_doorbell) != 0)
         return;
     for (auto entry = m_entries.begin(); entry != m_entries.end();) {

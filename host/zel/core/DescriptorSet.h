@@ -2,7 +2,7 @@
 #ifndef ZEL_CORE_DESCRIPTORSET_H
 #define ZEL_CORE_DESCRIPTORSET_H
 
-#include "FileDescriptor.h"
+#include "common/FileDescriptor.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -82,7 +82,7 @@ private:
     int control(int epoll, int operation, int fd, const Entry& entry) const;
     void renew();
 
-    FileDescriptor m_epoll;
+    host::FileDescriptor m_epoll;
     int m_doorbell = -1;
     std::uint32_t m_nextSerial = 1;
     std::unordered_map<int, Entry> m_entries;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "Domain.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -11,7 +11,7 @@ using zel::ThreadState;
 int zel_register_domain(void)
 {
     int domain = -1;
-    zel::call([&] {
+    host::call([&] {
         if (!ThreadState::current())
             return EPERM;
         domain = zel::registerDomain();
@@ -22,7 +22,7 @@ int zel_register_domain(void)
 
 int zel_set_domain_data(int domain, void* data, void** previous)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -41,7 +41,7 @@ int zel_set_domain_data(int domain, void* data, void** previous)
 
 int zel_get_domain_data(int domain, void** data)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;

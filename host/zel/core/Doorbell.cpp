@@ -16,7 +16,7 @@ static_assert(sizeof(std::atomic<int>) == sizeof(int), "the kernel takes it for 
 
 int Doorbell::open()
 {
-    m_descriptor = FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    m_descriptor = host::FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     return m_descriptor ? 0 : errno;
 }
 

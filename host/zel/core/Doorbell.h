@@ -2,7 +2,7 @@
 #ifndef ZEL_CORE_DOORBELL_H
 #define ZEL_CORE_DOORBELL_H
 
-#include "FileDescriptor.h"
+#include "common/FileDescriptor.h"
 
 #include <atomic>
 
@@ -36,7 +36,7 @@ public:
     void ring(Kind kind);
 
 private:
-    FileDescriptor m_descriptor;
+    host::FileDescriptor m_descriptor;
     std::atomic<int> m_rung{0};
 };
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "ChannelTable.h"
 #include "Domain.h"
 #include "Event.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -29,7 +29,7 @@ int push(int channel, zel_event_t* event)
 int zel_event_create(zel_event_t** event, int domain, int code, const zel_event_payload_t* payload,
                      zel_event_completion_t completion)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (!event || !zel::isDomain(domain))
             return EINVAL;
         auto* const made = new zel_event(domain, code);
@@ -49,7 +49,7 @@ void zel_event_destroy(zel_event_t* event)
 
 int zel_push_event(zel_event_t* event)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;
@@ -64,7 +64,7 @@ int zel_push_event(zel_event_t* event)
 
 int zel_channel_push_event(int channel, zel_event_t* event)
 {
-    return zel::call([&] { return event ? push(channel, event) : EINVAL; });
+    return host::call([&] { return event ? push(channel, event) : EINVAL; });
 }
 
 int zel_event_get_domain(const zel_event_t* event)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "Diagnostics.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -8,7 +8,7 @@
 
 int zel_get_version(int* version)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (!version)
             return EINVAL;
         *version = ZEL_VERSION;

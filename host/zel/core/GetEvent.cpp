@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "Diagnostics.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -86,7 +86,7 @@ int getEvent(zel_event_t*& taken, int timeoutMs)
 
 int zel_get_event(zel_event_t** event, int timeout_ms)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (!ThreadState::current())
             return EPERM;
         if (!event || timeout_ms < -1)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
 #include "ThreadState.h"
+#include "common/Call.h"
 
 #include <zel/zel.h>
 
@@ -8,17 +8,17 @@ using zel::ThreadState;
 
 int zel_initialize(void)
 {
-    return zel::call([] { return ThreadState::initialize(); });
+    return host::call([] { return ThreadState::initialize(); });
 }
 
 int zel_shutdown(void)
 {
-    return zel::call([] { return ThreadState::shutdown(); });
+    return host::call([] { return ThreadState::shutdown(); });
 }
 
 int zel_register_shutdown_handler(zel_end_handler_t handler, void* data)
 {
-    return zel::call([&] {
+    return host::call([&] {
         ThreadState* const thread = ThreadState::current();
         if (!thread)
             return EPERM;

@@ -36,7 +36,7 @@ void EventSink::push(std::unique_ptr<zel_event> event)
 }
 
 ObjectWatch::ObjectWatch(Channel& channel, std::pair<Domain, std::uintptr_t> key, std::string path,
-                         FileDescriptor descriptor, std::unique_ptr<ObjectListener> listener)
+                         host::FileDescriptor descriptor, std::unique_ptr<ObjectListener> listener)
     : m_channel(channel)
     , m_key(key)
     , m_path(std::move(path))
@@ -121,7 +121,7 @@ int watchObject(Domain domain, std::uintptr_t argument, const std::string& path,
     const Channel::ObjectKey key(domain, argument);
     if (channel->objects().count(key))
         return 0;
-    FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    host::FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!descriptor)
         return openError(errno);
     const auto watch =

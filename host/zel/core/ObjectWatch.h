@@ -5,7 +5,7 @@
 #include "DescriptorSet.h"
 #include "Domain.h"
 #include "Event.h"
-#include "FileDescriptor.h"
+#include "common/FileDescriptor.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -87,7 +87,7 @@ class ObjectWatch final : public DescriptorWatch
 {
 public:
     ObjectWatch(Channel& channel, std::pair<Domain, std::uintptr_t> key, std::string path,
-                FileDescriptor descriptor, std::unique_ptr<ObjectListener> listener);
+                host::FileDescriptor descriptor, std::unique_ptr<ObjectListener> listener);
 
     int descriptor() const { return m_descriptor.get(); }
 
@@ -105,7 +105,7 @@ private:
     Channel& m_channel;
     const std::pair<Domain, std::uintptr_t> m_key;
     const std::string m_path;
-    const FileDescriptor m_descriptor;
+    const host::FileDescriptor m_descriptor;
     const std::unique_ptr<ObjectListener> m_listener;
     int m_vainReadings = 0;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "core/Call.h"
-#include "core/FileDescriptor.h"
+#include "common/Call.h"
+#include "common/FileDescriptor.h"
 
 #include <pps/decoder.h>
 #include <zel/deviceinfo.h>
@@ -44,7 +44,7 @@ constexpr Attribute<deviceinfo_identifying_data_t> IdentityAttributes[] = {
 /** Reads an object's whole text, and ends it with a zero. 0 or an `errno` value. */
 int readObject(const char* path, char* text)
 {
-    const zel::FileDescriptor object(::open(path, O_RDONLY | O_CLOEXEC));
+    const host::FileDescriptor object(::open(path, O_RDONLY | O_CLOEXEC));
     if (!object)
         return errno;
     ssize_t length;
@@ -95,7 +95,7 @@ int makeRecord(pps_decoder_t& decoder, const Attribute<Record> (&attributes)[Cou
 template<class Record, std::size_t Count>
 int getRecord(const char* path, const Attribute<Record> (&attributes)[Count], Record** record)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (!record)
             return EINVAL;
         *record = nullptr;

@@ -71,7 +71,8 @@ int NavigatorControl::send(const char* text, std::size_t length)
     for (;;) {
         const bool isNew = !m_descriptor;
         if (isNew)
-            m_descriptor = FileDescriptor(::open(ControlPath, O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+            m_descriptor =
+                host::FileDescriptor(::open(ControlPath, O_WRONLY | O_NONBLOCK | O_CLOEXEC));
         if (!m_descriptor)
             return openError(errno);
         const int error = writeWhole(m_descriptor.get(), text, length);

@@ -2,7 +2,7 @@
 #ifndef ZEL_NAVIGATOR_NAVIGATORCONTROL_H
 #define ZEL_NAVIGATOR_NAVIGATORCONTROL_H
 
-#include "core/FileDescriptor.h"
+#include "common/FileDescriptor.h"
 
 #include <cstddef>
 #include <mutex>
@@ -36,7 +36,7 @@ private:
     static void resetInChild();
 
     std::mutex m_mutex; // held during the write(), so that requests keep the order of their calls
-    FileDescriptor m_descriptor;
+    host::FileDescriptor m_descriptor;
 };
 
 } // namespace zel

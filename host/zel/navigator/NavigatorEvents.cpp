@@ -2,7 +2,7 @@
 #include "NavigatorEvent.h"
 #include "NavigatorMessage.h"
 
-#include "core/Call.h"
+#include "common/Call.h"
 #include "core/Diagnostics.h"
 #include "core/ObjectWatch.h"
 
@@ -62,7 +62,7 @@ const char* partOf(const zel_event_t* event, std::optional<std::string> Navigato
 
 int navigator_request_events(int flags)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (flags != 0)
             return EINVAL;
         return zel::watchObject(zel::Domain::Navigator, 0, EventsPath,

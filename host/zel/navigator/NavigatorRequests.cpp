@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NavigatorRequest.h"
 
-#include "core/Call.h"
+#include "common/Call.h"
 
 #include <zel/navigator.h>
 
@@ -47,7 +47,7 @@ char* explain(int error)
 template<class Body>
 int explainedCall(char** explanation, Body&& body)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (explanation)
             *explanation = nullptr;
         const int error = body();
@@ -132,22 +132,23 @@ int navigator_extend_timeout(int milliseconds, char** error)
 
 int navigator_request_swipe_start(void)
 {
-    return zel::call([] { return NavigatorRequest("swipeStart").add("wanted", true).send(); });
+    return host::call([] { return NavigatorRequest("swipeStart").add("wanted", true).send(); });
 }
 
 int navigator_stop_swipe_start(void)
 {
-    return zel::call([] { return NavigatorRequest("swipeStart").add("wanted", false).send(); });
+    return host::call([] { return NavigatorRequest("swipeStart").add("wanted", false).send(); });
 }
 
 int navigator_rotation_lock(bool locked)
 {
-    return zel::call([&] { return NavigatorRequest("rotationLock").add("locked", locked).send(); });
+    return host::call(
+        [&] { return NavigatorRequest("rotationLock").add("locked", locked).send(); });
 }
 
 int navigator_set_orientation(int angle, char** id)
 {
-    return zel::call([&] {
+    return host::call([&] {
         if (!isAngle(angle))
             return EINVAL;
         auto requestId = newId();
@@ -163,7 +164,7 @@ int navigator_set_orientation(int angle, char** id)
 
 int navigator_set_window_angle(int angle)
 {
-    return zel::call([&] {
+    return host::call([&] {
         return isAngle(angle) ? NavigatorRequest("setWindowAngle").add("angle", angle).send()
                               : EINVAL;
     });
@@ -171,19 +172,19 @@ int navigator_set_window_angle(int angle)
 
 int navigator_set_close_prompt(const char* title, const char* message)
 {
-    return zel::call([&] {
+    return host::call([&] {
         return NavigatorRequest("closePrompt").add("title", title).add("message", message).send();
     });
 }
 
 int navigator_clear_close_prompt(void)
 {
-    return zel::call([] { return NavigatorRequest("closePrompt").send(); });
+    return host::call([] { return NavigatorRequest("closePrompt").send(); });
 }
 
 int navigator_set_badge(navigator_badge_t badge)
 {
-    return zel::call([&] {
+    return host::call([&] {
         return badge == NAVIGATOR_BADGE_SPLAT
                    ? NavigatorRequest("badge").add("badge", static_cast<int>(badge)).send()
                    : EINVAL;
@@ -192,7 +193,7 @@ int navigator_set_badge(navigator_badge_t badge)
 
 int navigator_clear_badge(void)
 {
-    return zel::call([] { return NavigatorRequest("badge").send(); });
+    return host::call([] { return NavigatorRequest("badge").send(); });
 }
 
 int navigator_orientation_check_response(const zel_event_t* event, bool will_turn)
@@ -202,7 +203,7 @@ int navigator_orientation_check_response(const zel_event_t* event, bool will_tur
 
 int navigator_orientation_check_response_id(const char* id, bool will_turn)
 {
-    return zel::call([&] {
+    return host::call([&] {
         NavigatorRequest request("orientationCheckResponse");
         return request.add("id", id).add("accept", will_turn).send();
     });
@@ -215,5 +216,5 @@ int navigator_done_orientation(const zel_event_t* event)
 
 int navigator_done_orientation_id(const char* id)
 {
-    return zel::call([&] { return NavigatorRequest("orientationDone").add("id", id).send(); });
+    return host::call([&] { return NavigatorRequest("orientationDone").add("id", id).send(); });
 }

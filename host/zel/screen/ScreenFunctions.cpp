@@ -4,7 +4,7 @@
 #include "DisplayListener.h"
 #include "ScreenEvent.h"
 
-#include "core/Call.h"
+#include "common/Call.h"
 #include "core/Channel.h"
 #include "core/ObjectWatch.h"
 #include "core/ThreadState.h"
@@ -44,7 +44,7 @@ void endThoseWithoutContext()
 
 int screen_request_events(int context)
 {
-    return call([=] {
+    return host::call([=] {
         const auto argument = static_cast<std::uintptr_t>(context);
         if (context <= 0 || !screen::feed::isContext(contextOf(argument)))
             return EINVAL;
@@ -62,7 +62,7 @@ int screen_get_domain(void)
 
 int screen_stop_events(int context)
 {
-    return call(
+    return host::call(
         [=] { return unwatchObject(Domain::Screen, static_cast<std::uintptr_t>(context)); });
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEL_CORE_FILEDESCRIPTOR_H
-#define ZEL_CORE_FILEDESCRIPTOR_H
+#ifndef HOST_FILEDESCRIPTOR_H
+#define HOST_FILEDESCRIPTOR_H
 
 #include <unistd.h>
 
 #include <utility>
 
-namespace zel {
+namespace host {
 
 /** Owns a file descriptor; -1 stands for none. */
 class FileDescriptor
@@ -38,6 +38,6 @@ private:
     int m_descriptor;
 };
 
-} // namespace zel
+} // namespace host
 
 #endif

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEL_CORE_CALL_H
-#define ZEL_CORE_CALL_H
+#ifndef HOST_CALL_H
+#define HOST_CALL_H
 
 #include <cerrno>
 #include <new>
 
-namespace zel {
+namespace host {
 
 /**
  * Runs the body of a C function and turns its result into what C functions return.
@@ -27,6 +27,6 @@ int call(Body&& body)
     return error ? -1 : 0;
 }
 
-} // namespace zel
+} // namespace host
 
 #endif
