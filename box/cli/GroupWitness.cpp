@@ -16,6 +16,9 @@ namespace tamobox {
 
 namespace {
 
+// The longest that the caller takes to ask about a signal.
+constexpr auto callersDelay = std::chrono::milliseconds(200);
+
 std::uint64_t bitOf(std::uint32_t signal)
 {
     return std::uint64_t{1} << (signal - 1);
@@ -71,17 +74,20 @@ GroupWitness::~GroupWitness()
 }
 
 // The kernel signals a group's youngest process first, so the witness has the signal when the
-// caller has it.
+// caller has it. Not by counting: two signals of a kind that come close together may be one to the
+// witness and two to the caller, or the other way round.
 bool GroupWitness::hasSeen(int signal)
 {
     std::uint64_t seen = 0;
-    if (send(m_socket.get(), "?", 1, MSG_NOSIGNAL) == 1 &&
-        recv(m_socket.get(), &seen, sizeof seen, 0) == sizeof seen)
-        m_seen |= seen;
-    const std::uint64_t bit = bitOf(static_cast<std::uint32_t>(signal));
-    const bool result = (m_seen & bit) != 0;
-    m_seen &= ~bit;
-    return result;
+    if (send(m_socket.get(), "?", 1, MSG_NOSIGNAL) != 1 ||
+        recv(m_socket.get(), &seen, sizeof seen, 0) != sizeof seen)
+        seen = 0;
+    const auto now = std::chrono::steady_clock::now();
+    for (std::uint32_t number = 1; number < m_lastSeen.size(); ++number) {
+        if ((seen & bitOf(number)) != 0)
+            m_lastSeen[number] = now;
+    }
+    return now - m_lastSeen[static_cast<std::size_t>(signal)] <= callersDelay;
 }
 
 } // namespace tamobox

@@ -6,7 +6,8 @@
 
 #include <sys/types.h>
 
-#include <cstdint>
+#include <array>
+#include <chrono>
 
 namespace tamobox {
 
@@ -23,14 +24,15 @@ public:
     GroupWitness(const GroupWitness&) = delete;
     GroupWitness& operator=(const GroupWitness&) = delete;
 
-    /** Whether another process has sent this signal to the group since the last question for it;
-     * asked when the caller itself has got the signal. */
+    /** Whether another process has sent this signal to the group just now; asked when the caller
+     * itself has got the signal. */
     bool hasSeen(int signal);
 
 private:
     pid_t m_pid = -1;
     Descriptor m_socket;
-    std::uint64_t m_seen = 0; ///< a bit for each signal
+    /** By the signal's number; at first long ago. */
+    std::array<std::chrono::steady_clock::time_point, 65> m_lastSeen = {};
 };
 
 } // namespace tamobox

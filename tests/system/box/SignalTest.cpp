@@ -90,7 +90,7 @@ TEST_P(SignalTest, SignalsToTheGroupOfExecReachTheCommandOnce)
                                                     std::tuple(command.pid(), SIGHUP, "HUP\n")}) {
             kill(process, signal);
             expected += name;
-            EXPECT_TRUE(command.printed(expected));
+            ASSERT_TRUE(command.printed(expected)) << command.output();
         }
     }
     kill(-command.pid(), SIGTERM);
