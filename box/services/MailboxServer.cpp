@@ -68,6 +68,7 @@ bool MailboxServer::handOutNext()
     const std::optional<std::string> message = m_file.read();
     if (!message)
         return false;
+    m_currentMessage = *message;
     MessageReader reader(*message);
     const std::string prefix = '@' + m_name + '.';
     while (reader.next()) {

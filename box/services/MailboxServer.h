@@ -75,10 +75,14 @@ public:
      */
     bool handOutNext();
 
+    /** The whole text of the message that is being handed out; reading it does not change it. */
+    const std::string& currentMessage() const { return m_currentMessage; }
+
 private:
     EventLoop& m_loop;
     std::string m_name;
     ObjectFile m_file;
+    std::string m_currentMessage;
     RequestHandler m_onRequest;
     LeaveHandler m_onLeave;
     ArrivalHandler m_onArrival;

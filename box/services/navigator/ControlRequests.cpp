@@ -6,6 +6,10 @@
 #include "common/Failure.h"
 #include "pps/ObjectFile.h"
 
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
 namespace tamobox {
 
 namespace {
@@ -16,6 +20,16 @@ constexpr std::size_t mostUris = 16;           // of one application
 constexpr std::size_t longestShownText = 1024; // bytes
 constexpr std::size_t longestId = 256;         // bytes
 constexpr int longestExtension = 30000;        // milliseconds
+constexpr std::size_t mostEarlyRequests = 64;
+// An application asks for events in a thread that is starting when its first requests are sent.
+constexpr auto arrivalLimit = std::chrono::seconds(2);
+
+constexpr const char* noApplication = "it is no application, because it has not asked for events";
+
+struct NoApplication : Failure
+{
+    NoApplication() : Failure(noApplication) {}
+};
 
 // What may stand in the path of a URL as it is.
 bool isUnreserved(char c)
@@ -42,9 +56,12 @@ std::string fileUrl(const std::string& path)
 
 ControlRequests::ControlRequests(EventLoop& loop, Surroundings surroundings)
     : m_surroundings(std::move(surroundings))
+    , m_overdue(loop, [this] { refuseOverdue(); })
     , m_server(
           loop, mailbox,
-          [this](MailboxServer::Client client, MessageReader& request) { handle(client, request); },
+          [this](MailboxServer::Client client, MessageReader& request) {
+              handle(m_clients[client], request);
+          },
           [this](MailboxServer::Client client) { m_clients.erase(client); },
           [this](MailboxServer::Client client, pid_t process) { m_clients[client] = process; })
 {
@@ -75,22 +92,75 @@ const std::map<std::string, ControlRequests::Handler>& ControlRequests::handlers
     return table;
 }
 
-void ControlRequests::handle(MailboxServer::Client client, MessageReader& request)
+void ControlRequests::handle(pid_t process, MessageReader& request)
 {
-    const pid_t process = m_clients[client];
-    m_isHandling = true;
+    const bool wasHandling = std::exchange(m_isHandling, true);
     try {
         carryOut(process, request);
         m_surroundings.publish();
     } catch (const ObjectFailure&) {
         throw; // the service's own objects fail, which is not the client's doing
+    } catch (const NoApplication&) {
+        keepForLater(process);
     } catch (const Failure& failure) {
-        const std::string who = process == 0 ? std::string("a process outside the box")
-                                             : "process " + std::to_string(process);
-        m_surroundings.complaints.add("a request of " + who + " to " + mailbox +
-                                      " has no effect: " + failure.what());
+        complain(process, failure.what());
     }
-    m_isHandling = false;
+    m_isHandling = wasHandling;
+}
+
+void ControlRequests::complain(pid_t process, const std::string& reason)
+{
+    const std::string who = process == 0 ? std::string("a process outside the box")
+                                         : "process " + std::to_string(process);
+    m_surroundings.complaints.add("a request of " + who + " to " + mailbox +
+                                  " has no effect: " + reason);
+}
+
+void ControlRequests::keepForLater(pid_t process)
+{
+    if (process == 0 || m_early.size() == mostEarlyRequests) {
+        complain(process, noApplication);
+        return;
+    }
+    m_early.push_back({process, m_server.currentMessage(), EventLoop::Clock::now() + arrivalLimit});
+    m_overdue.startAt(m_early.front().deadline);
+}
+
+void ControlRequests::applicationCame(pid_t process)
+{
+    std::vector<EarlyRequest> due;
+    for (auto early = m_early.begin(); early != m_early.end();) {
+        if (early->process == process) {
+            due.push_back(std::move(*early));
+            early = m_early.erase(early);
+        } else {
+            ++early;
+        }
+    }
+    for (const EarlyRequest& early : due) {
+        MessageReader request(early.text);
+        if (request.next() && request.enter(nullptr))
+            handle(process, request);
+    }
+}
+
+void ControlRequests::processEnded(pid_t process)
+{
+    m_early.erase(
+        std::remove_if(m_early.begin(), m_early.end(),
+                       [process](const EarlyRequest& early) { return early.process == process; }),
+        m_early.end());
+}
+
+void ControlRequests::refuseOverdue()
+{
+    const auto now = EventLoop::Clock::now();
+    while (!m_early.empty() && m_early.front().deadline <= now) {
+        complain(m_early.front().process, noApplication);
+        m_early.erase(m_early.begin());
+    }
+    if (!m_early.empty())
+        m_overdue.startAt(m_early.front().deadline);
 }
 
 void ControlRequests::carryOut(pid_t process, MessageReader& request)
@@ -111,7 +181,7 @@ WindowGroup& ControlRequests::applicationOf(pid_t process)
         m_surroundings.post.catchUp();
     WindowGroup* const application = m_surroundings.applications.find(process);
     if (application == nullptr)
-        throw Failure("it is no application, because it has not asked for events");
+        throw NoApplication();
     return *application;
 }
 

@@ -8,10 +8,12 @@
 #include "EventPost.h"
 #include "Turns.h"
 
+#include "common/Timer.h"
 #include "services/MailboxServer.h"
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace tamobox {
 
@@ -36,11 +38,28 @@ public:
      * request is being handled. */
     void catchUp();
 
+    /** Handles what a process asked for before it was an application. */
+    void applicationCame(pid_t process);
+
+    /** Forgets what a process asked for that has never become an application. */
+    void processEnded(pid_t process);
+
 private:
+    /** A request that came before its application did: events are asked for in another thread. */
+    struct EarlyRequest
+    {
+        pid_t process;
+        std::string text;
+        EventLoop::Clock::time_point deadline;
+    };
+
     using Handler = void (ControlRequests::*)(pid_t, MessageReader&);
 
     static const std::map<std::string, Handler>& handlers();
-    void handle(MailboxServer::Client client, MessageReader& request);
+    void handle(pid_t process, MessageReader& request);
+    void complain(pid_t process, const std::string& reason);
+    void keepForLater(pid_t process);
+    void refuseOverdue();
     void carryOut(pid_t process, MessageReader& request);
     WindowGroup& applicationOf(pid_t process);
 
@@ -60,6 +79,8 @@ private:
 
     Surroundings m_surroundings;
     std::map<MailboxServer::Client, pid_t> m_clients;
+    std::vector<EarlyRequest> m_early; // in the order in which they came
+    Timer m_overdue;
     bool m_isHandling = false;
     MailboxServer m_server;
 };

@@ -60,6 +60,7 @@ void NavigatorService::clientCame(pid_t process)
         known = m_applications.find(process);
     }
     known->listening = true;
+    m_requests.applicationCame(process);
     publish();
     m_pending.tryAgain();
 }
@@ -80,6 +81,7 @@ void NavigatorService::clientsLeft(pid_t process)
 void NavigatorService::processEnded(pid_t process)
 {
     m_requests.catchUp();
+    m_requests.processEnded(process);
     m_turns.applicationGone(process);
     m_applications.remove(process);
     publish();

@@ -213,6 +213,17 @@ TEST_P(RotateTest, ApplicationInTheBackgroundDoesNotTurnTheDisplay)
     EXPECT_THAT(displays(box), HasSubstr("\"rotation\":0"));
 }
 
+TEST_P(RotateTest, ApplicationMayAskToBeTurnedBeforeItListens)
+{
+    const Box box = start({"sh", "-c",
+                           "printf 'msg::setOrientation\nangle:n:90\nid::early\n'"
+                           " > /pps/services/navigator/control && echo started &&"
+                           " exec cat '/pps/services/navigator/events?wait'"});
+    EXPECT_TRUE(box.launcher->printed("msg::orientation\nangle:n:90\n"));
+    EXPECT_TRUE(box.launcher->printed("msg::orientationResult\nangle:n:90\nid::early\n"));
+    EXPECT_THAT(displays(box), HasSubstr("\"rotation\":90"));
+}
+
 TEST_P(RotateTest, DisplayServiceThatDoesNotAnswerIsAnError)
 {
     const Box box = startNavigated();
