@@ -10,6 +10,9 @@
 #include "common/BoxSocket.h"
 #include "common/Failure.h"
 #include "common/Json.h"
+#include "pps/ObjectFile.h"
+
+#include <fcntl.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -27,7 +30,7 @@ constexpr auto retryPause = std::chrono::milliseconds(10);
 /** How an application left. */
 struct Leave
 {
-    std::string group = {}; // empty: the box ended before it was told
+    std::string group = {}; // empty: unknown
     bool byItself = true;
     int milliseconds = -1; // -1: the box ended before it was told
 };
@@ -46,9 +49,23 @@ bool boxEnds(const std::string& name)
     return false;
 }
 
+/** The application that a command means, as far as that is known before it is asked. */
+std::string meantGroup(const NavigatorTarget& target)
+{
+    if (!target.group.empty())
+        return target.group;
+    const auto text = ObjectFile("services/navigator/applications", O_RDONLY).read();
+    if (!text)
+        return {};
+    MessageReader message(*text);
+    return message.enter("@applications") ? message.string("foreground").value_or("") : "";
+}
+
 void askToLeave(const std::string& box, const NavigatorTarget& target,
                 std::chrono::milliseconds grace, Leave& leave)
 {
+    // The box ends with its application, and may do so before anything of the answer is read.
+    leave.group = meantGroup(target);
     ControlClient client(navigatorMailbox);
     try {
         client.ask(
@@ -66,7 +83,6 @@ void askToLeave(const std::string& box, const NavigatorTarget& target,
                     client.tell("overdueWasRead");
             });
     } catch (const ObjectFailure& failure) {
-        // The box ends with its application, and may do so before anything of the answer is read.
         const bool isGone = failure.error() == ENOTCONN || failure.error() == ECONNABORTED;
         if (!isGone || !boxEnds(box))
             throw;
