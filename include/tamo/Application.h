@@ -56,7 +56,7 @@ Q_SIGNALS:
     void asleep(QString windowGroupId);
     /** The window group gets the input. */
     void awake(QString windowGroupId);
-    /** The application is to open this. It is invalid where the text was no URL. */
+    /** The application is to open this: what QUrl makes of any text, so it may be invalid. */
     void urlHandlerInvoked(QUrl url);
 
 private:

@@ -25,6 +25,9 @@ class OrientationHandler;
  * last connection has gone, the thread ends soon after. While the application object is being
  * destroyed, nothing is emitted.
  *
+ * As with any QObject, a receiver that is connected directly must not be deleted in another thread
+ * while it may be called.
+ *
  * Where the platform's event library fails, connecting throws tamo::Exception, and there is no
  * connection then.
  *
@@ -103,7 +106,7 @@ Q_SIGNALS:
     void exit();
     /** Another orientation handler was installed. Emitted by setOrientationHandler(). */
     void orientationHandlerChanged();
-    /** The application is to open this. It is invalid where the text was no URL. */
+    /** The application is to open this: what QUrl makes of any text, so it may be invalid. */
     void urlHandlerInvoked(QUrl url);
 };
 
