@@ -10,10 +10,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <fstream>
 #include <sstream>
+#include <thread>
 #include <tuple>
 
 namespace tamobox::boxsocket {
@@ -25,6 +27,8 @@ constexpr std::size_t longestName = 48;
 constexpr std::size_t longestStatus = 64 * 1024;
 constexpr time_t answerLimitSeconds = 15;
 constexpr int descriptorCount = 4;
+constexpr auto listeningLimit = std::chrono::seconds(2);
+constexpr auto retryPause = std::chrono::milliseconds(5);
 
 struct Address
 {
@@ -97,10 +101,20 @@ private:
     alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int) * descriptorCount)> m_descriptors = {};
 };
 
+bool isRunningOwn(const std::string& name)
+{
+    const std::vector<RunningBox> boxes = running();
+    return std::any_of(boxes.begin(), boxes.end(), [&](const RunningBox& box) {
+        return box.name == name && box.user == getuid();
+    });
+}
+
 Failure noSuchBox(const std::string& name)
 {
     std::string others;
     for (const RunningBox& box : running()) {
+        if (box.name == name && box.user == getuid())
+            return Failure("the box '" + name + "' is starting or ending; try again");
         if (box.name == name)
             return Failure("the box '" + name + "' belongs to user " + std::to_string(box.user) +
                            "; only that user's commands reach it");
@@ -170,8 +184,13 @@ BoxIntroduction connect(const std::string& name)
     const timeval limit = {answerLimitSeconds, 0};
     setsockopt(connection.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     const Address address = addressOf(name);
-    if (::connect(connection.get(), address.get(), address.length) == -1)
-        throw noSuchBox(name);
+    const auto deadline = std::chrono::steady_clock::now() + listeningLimit;
+    while (::connect(connection.get(), address.get(), address.length) == -1) {
+        if (!isRunningOwn(name) || std::chrono::steady_clock::now() > deadline)
+            throw noSuchBox(name);
+        // It has its name already, or had when it was looked for, and listens in a moment.
+        std::this_thread::sleep_for(retryPause);
+    }
     if (!isOwnPeer(connection.get()))
         throw Failure("what answers as the box '" + name + "' belongs to another user");
 
