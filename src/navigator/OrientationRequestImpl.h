@@ -15,7 +15,7 @@ class ZelApi;
 namespace tamo {
 
 /** One request of the navigator's, answered at most once. */
-class OrientationRequestImpl : public OrientationHandler::OrientationRequest
+class OrientationRequestImpl final : public OrientationHandler::OrientationRequest
 {
 public:
     /** @param id the navigator's for the request */
