@@ -19,7 +19,7 @@ using testing::ElementsAre;
 const char started[] = "ZelEventDispatcher::processZelEvents() - thread started";
 const char stopped[] = "ZelEventDispatcher::processZelEvents() - thread stopped";
 
-class CountingHandler : public tamo::StandardZelEventHandler
+class CountingHandler final : public tamo::StandardZelEventHandler
 {
 public:
     explicit CountingHandler(tamomock::ZelEventProvider& provider)
