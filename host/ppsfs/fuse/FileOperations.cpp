@@ -42,7 +42,7 @@ void open(fuse_req_t request, fuse_ino_t id, fuse_file_info* info)
     FileSystem& fileSystem = fileSystemOf(request);
     const NodeTable::View* const view = fileSystem.nodes().find(id);
     auto object = view ? std::dynamic_pointer_cast<Object>(view->node) : nullptr;
-    auto opened = std::make_unique<OpenFile>(fileSystem.wakeList());
+    auto opened = std::make_unique<OpenFile>(fileSystem.wakeList(), fileSystem.expected());
     const int error = object
                           ? opened->open(std::move(object), openModeOf(view->options, info->flags),
                                          openerOf(request))
@@ -102,7 +102,7 @@ void create(fuse_req_t request, fuse_ino_t parent, const char* name, mode_t mode
 {
     FileSystem& fileSystem = fileSystemOf(request);
     const auto directory = directoryOf(request, parent);
-    auto opened = std::make_unique<OpenFile>(fileSystem.wakeList());
+    auto opened = std::make_unique<OpenFile>(fileSystem.wakeList(), fileSystem.expected());
     NodeTable::View view;
     const int error =
         directory ? createAndOpen(request, *directory, name, mode, info->flags, *opened, view)

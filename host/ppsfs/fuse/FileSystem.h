@@ -3,6 +3,7 @@
 #define PPSFS_FILESYSTEM_H
 
 #include "DirectoryListing.h"
+#include "ExpectedRequests.h"
 #include "FuseApi.h"
 #include "HandleTable.h"
 #include "NodeTable.h"
@@ -22,6 +23,7 @@ public:
     ObjectStore& store() { return m_store; }
     NodeTable& nodes() { return m_nodes; }
     WakeList& wakeList() { return m_wakeList; }
+    ExpectedRequests& expected() { return m_expected; }
 
     /** The objects that are open. To close them is to answer every read that still waits. */
     HandleTable<OpenFile>& files() { return m_files; }
@@ -36,6 +38,7 @@ private:
     ObjectStore m_store;
     NodeTable m_nodes;
     WakeList m_wakeList;
+    ExpectedRequests m_expected;
     HandleTable<OpenFile> m_files;
     HandleTable<DirectoryListing> m_listings;
 };

@@ -102,6 +102,7 @@ int FuseServer::run()
     // One blocking read for each request: to poll first, or to read until nothing is left, takes
     // two more system calls each time that a publication wakes this process.
     while (!endAsked && !fuse_session_exited(m_session.get())) {
+        lookOut();
         const int size = fuse_session_receive_buf(m_session.get(), &m_buffer);
         if (size == -EINTR || size == -EAGAIN)
             continue;
@@ -112,6 +113,13 @@ int FuseServer::run()
         announce();
     }
     return 0;
+}
+
+void FuseServer::lookOut()
+{
+    ExpectedRequests& expected = m_fileSystem.expected();
+    if (expected.any() && !m_lookout.sees(fuse_session_fd(m_session.get())))
+        expected.giveUp();
 }
 
 void FuseServer::announce()

@@ -4,6 +4,7 @@
 
 #include "FileSystem.h"
 #include "FuseApi.h"
+#include "Lookout.h"
 #include "common/FileDescriptor.h"
 
 #include <memory>
@@ -35,6 +36,7 @@ public:
 private:
     static void initialize(void* fileSystem, fuse_conn_info* connection);
     void announce();
+    void lookOut();
 
     struct SessionDeleter
     {
@@ -43,6 +45,7 @@ private:
 
     host::FileDescriptor m_ready;
     FileSystem m_fileSystem;
+    Lookout m_lookout;
     std::unique_ptr<fuse_session, SessionDeleter> m_session;
     fuse_buf m_buffer{}; ///< allocated once, by the library, for the longest request
 };

@@ -15,6 +15,7 @@ namespace ppsfs {
 OpenFile::~OpenFile()
 {
     m_handle.reset();
+    m_expected.done(m_mark);
     if (m_woken)
         m_wakeList.remove(*this);
     for (const WaitingRead& waiting : m_waiting)
@@ -28,6 +29,7 @@ int OpenFile::open(std::shared_ptr<Object> object, const OpenMode& mode, const O
 
 void OpenFile::read(fuse_req_t request, std::size_t size, bool nonBlocking)
 {
+    m_expected.done(m_mark);
     if (answer(request, size))
         return;
     if (!m_handle->waits()) {
@@ -49,11 +51,16 @@ void OpenFile::poll(fuse_req_t request, fuse_pollhandle* notification)
     if (notification)
         m_notification.reset(notification);
     unsigned events = 0;
-    if (m_handle->isReadable())
+    const bool readable = m_handle->isReadable();
+    if (readable)
         events |= POLLIN | POLLRDNORM;
     if (m_handle->isWritable())
         events |= POLLOUT | POLLWRNORM;
     fuse_reply_poll(request, events);
+    if (readable)
+        m_expected.expect(m_mark);
+    else
+        m_expected.done(m_mark);
 }
 
 void OpenFile::wake()
@@ -75,8 +82,10 @@ void OpenFile::serveWaiting()
     }
     // Once is enough until the kernel has asked again: it wakes everybody who polls, and each of
     // them asks anew.
-    if (const auto notification = std::move(m_notification))
+    if (const auto notification = std::move(m_notification)) {
         fuse_lowlevel_notify_poll(notification.get());
+        m_expected.expect(m_mark);
+    }
 }
 
 bool OpenFile::answer(fuse_req_t request, std::size_t size)

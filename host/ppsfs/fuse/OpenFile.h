@@ -2,6 +2,7 @@
 #ifndef PPSFS_OPENFILE_H
 #define PPSFS_OPENFILE_H
 
+#include "ExpectedRequests.h"
 #include "FuseApi.h"
 #include "Handle.h"
 #include "Listener.h"
@@ -19,7 +20,10 @@ class WakeList;
 class OpenFile final : public Listener
 {
 public:
-    explicit OpenFile(WakeList& wakeList) : m_wakeList(wakeList) {}
+    OpenFile(WakeList& wakeList, ExpectedRequests& expected)
+        : m_wakeList(wakeList), m_expected(expected)
+    {
+    }
     ~OpenFile();
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
@@ -65,6 +69,8 @@ private:
     static void interrupt(fuse_req_t request, void* file);
 
     WakeList& m_wakeList;
+    ExpectedRequests& m_expected;
+    ExpectedRequests::Mark m_mark;
     std::unique_ptr<Handle> m_handle;
     std::list<WaitingRead> m_waiting; ///< the oldest first
     std::unique_ptr<fuse_pollhandle, PollHandleDeleter> m_notification;
