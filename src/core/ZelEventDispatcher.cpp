@@ -23,6 +23,7 @@ struct ZelEventDispatcher::Registry
 {
     std::mutex mutex; // the registry lock: guards all of this, and the dispatcher
     std::condition_variable stateChanged;
+    QThread thread; // the dispatch thread, whichever dispatcher it runs for; not guarded
     ZelEventDispatcher* dispatcher = nullptr;
     State state = State::Idle;
     unsigned long starts = 0;      // how often a thread was started
@@ -42,7 +43,8 @@ ZelEventDispatcher::Registry& ZelEventDispatcher::registry()
     return *instance;
 }
 
-ZelEventDispatcher::ZelEventDispatcher() : m_api(tamomock::ZelApi::instance())
+ZelEventDispatcher::ZelEventDispatcher()
+    : m_thread(registry().thread), m_api(tamomock::ZelApi::instance())
 {
     moveToThread(&m_thread);
     connect(&m_thread, &QThread::started, this, &ZelEventDispatcher::processZelEvents);

@@ -123,7 +123,7 @@ private:
                               tamomock::ZelEventProvider* provider, int flags);
     tamomock::ZelCore& core() const;
 
-    QThread m_thread;
+    QThread& m_thread;
     int m_quitDomain = -1;
     int m_registerDomain = -1;
     int m_deregisterDomain = -1;
