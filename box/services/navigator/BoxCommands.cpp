@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BoxCommands.h"
 
-#include "RequestValues.h"
+#include "services/RequestValues.h"
 
 #include "common/Duration.h"
 #include "common/Failure.h"

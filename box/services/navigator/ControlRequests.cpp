@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ControlRequests.h"
 
-#include "RequestValues.h"
+#include "services/RequestValues.h"
 
 #include "common/Failure.h"
 #include "pps/ObjectFile.h"
@@ -232,12 +232,12 @@ void ControlRequests::wantSwipeStart(pid_t process, MessageReader& request)
 
 void ControlRequests::invoke(pid_t, MessageReader& request)
 {
-    handOver(requiredText(request, "url", longestEventText));
+    handOver(requiredText(request, "url", longestText));
 }
 
 void ControlRequests::openFile(pid_t, MessageReader& request)
 {
-    const std::string path = requiredText(request, "path", longestEventText / 3);
+    const std::string path = requiredText(request, "path", longestText / 3);
     if (path.empty() || path[0] != '/')
         throw Failure("path must begin with a slash, and is " + quoted(path));
     handOver(fileUrl(path));

@@ -3,10 +3,10 @@
 #define TAMOBOX_CONTROLREQUESTS_H
 
 #include "ApplicationTable.h"
-#include "Complaints.h"
 #include "Departures.h"
 #include "EventPost.h"
 #include "Turns.h"
+#include "services/Complaints.h"
 
 #include "common/Timer.h"
 #include "services/MailboxServer.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Departures.h"
 
-#include "Complaints.h"
+#include "services/Complaints.h"
 
 #include "common/Failure.h"
 

@@ -2,8 +2,8 @@
 #ifndef TAMOBOX_EVENTPOST_H
 #define TAMOBOX_EVENTPOST_H
 
-#include "Complaints.h"
 #include "NavigatorEvent.h"
+#include "services/Complaints.h"
 
 #include "services/MailboxServer.h"
 

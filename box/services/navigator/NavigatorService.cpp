@@ -4,6 +4,7 @@
 #include "ApplicationsText.h"
 
 #include "common/Failure.h"
+#include "services/ProcessName.h"
 
 #include <cerrno>
 

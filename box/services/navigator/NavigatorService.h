@@ -4,13 +4,13 @@
 
 #include "ApplicationTable.h"
 #include "BoxCommands.h"
-#include "Complaints.h"
 #include "ControlRequests.h"
 #include "Departures.h"
 #include "EventPost.h"
 #include "PendingCommands.h"
 #include "ProcessWatch.h"
 #include "Turns.h"
+#include "services/Complaints.h"
 
 #include "services/ControlMailbox.h"
 #include "services/Publisher.h"

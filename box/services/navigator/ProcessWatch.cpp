@@ -5,9 +5,7 @@
 #include <sys/syscall.h>
 
 #include <cerrno>
-#include <climits>
 #include <csignal>
-#include <fstream>
 
 namespace tamobox {
 
@@ -17,14 +15,6 @@ bool isReadable(int fd)
 {
     pollfd entry = {fd, POLLIN, 0};
     return poll(&entry, 1, 0) == 1;
-}
-
-// Where the box could not mount its own, /proc shows the machine's process ids.
-bool procIsTheBoxes()
-{
-    char target[32] = {};
-    const ssize_t size = readlink("/proc/self", target, sizeof target - 1);
-    return size > 0 && std::to_string(getpid()) == target;
 }
 
 } // namespace
@@ -75,18 +65,6 @@ int ProcessWatch::kill(pid_t process) const
         return ESRCH;
     const long result = syscall(SYS_pidfd_send_signal, found->second.get(), SIGKILL, nullptr, 0);
     return result == -1 ? errno : 0;
-}
-
-std::string processName(pid_t process)
-{
-    std::string name;
-    if (!procIsTheBoxes())
-        return name;
-    std::ifstream file("/proc/" + std::to_string(process) + "/comm", std::ios::binary);
-    std::getline(file, name);
-    for (char& c : name)
-        c = c >= ' ' && c < '\x7f' ? c : '?';
-    return name;
 }
 
 } // namespace tamobox

@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <map>
-#include <string>
 
 namespace tamobox {
 
@@ -45,9 +44,6 @@ private:
     EndHandler m_onEnd;
     std::map<pid_t, Descriptor> m_descriptors;
 };
-
-/** The name of a process; empty where it cannot be seen. */
-std::string processName(pid_t process);
 
 } // namespace tamobox
 

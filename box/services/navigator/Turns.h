@@ -3,12 +3,12 @@
 #define TAMOBOX_TURNS_H
 
 #include "ApplicationTable.h"
-#include "Complaints.h"
 #include "DisplayClient.h"
 #include "EventPost.h"
 #include "PendingCommands.h"
 #include "QuestionLedger.h"
 #include "Turn.h"
+#include "services/Complaints.h"
 
 #include "common/Timer.h"
 

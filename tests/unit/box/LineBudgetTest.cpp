@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "services/navigator/LineBudget.h"
+#include "services/LineBudget.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Complaints.h"
 
+#include <cerrno>
 #include <cstdio>
 
 namespace tamobox {
@@ -35,7 +36,8 @@ void Complaints::reckon()
 // One write for each line, so that lines stay whole beside those of others.
 void Complaints::write(const std::string& sentence)
 {
-    std::fputs(("navigator-service: " + sentence + '\n').c_str(), stderr);
+    std::fputs((std::string(program_invocation_short_name) + ": " + sentence + '\n').c_str(),
+               stderr);
 }
 
 std::string quoted(const std::string& text)

@@ -10,7 +10,7 @@
 
 namespace tamobox {
 
-/** What the service says of others on the box's standard error. */
+/** What a service says of others on the box's standard error, headed by its program's name. */
 class Complaints
 {
 public:

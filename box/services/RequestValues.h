@@ -11,15 +11,15 @@
 
 namespace tamobox {
 
-/** The longest text that is put into an event, in bytes. */
-inline constexpr std::size_t longestEventText = 65'536;
+/** The longest text that a service takes where it sets no narrower limit, in bytes. */
+inline constexpr std::size_t longestText = 65'536;
 
 // The values of a request, from the container in which the reader stands. One that is missing where
 // it is required, of another type or out of its range throws Failure, with its name and what it has
 // to be.
 
 std::string requiredText(const MessageReader& request, const char* name,
-                         std::size_t longest = longestEventText);
+                         std::size_t longest = longestText);
 std::optional<std::string> optionalText(const MessageReader& request, const char* name);
 bool requiredFlag(const MessageReader& request, const char* name);
 int requiredInteger(const MessageReader& request, const char* name, int lowest, int highest);
