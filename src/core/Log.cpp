@@ -3,6 +3,8 @@
 
 #include <iostream>
 #include <mutex>
+#include <ostream>
+#include <utility>
 
 namespace tamo::detail {
 
@@ -10,15 +12,25 @@ namespace tamo::detail {
 // no destructor, so that threads may log for as long as the process lives.
 static std::mutex logMutex;
 
-void writeLogLine(std::string line) noexcept
+static void writeLine(std::ostream& stream, std::string line) noexcept
 {
     try {
         line += '\n';
         const std::lock_guard lock(logMutex);
-        std::cout.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
+        stream.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
     } catch (...) {
-        // An application that has std::cout throw is not to lose an event for a line of the log.
+        // An application that has a stream throw is not to lose an event for a line of the log.
     }
+}
+
+void writeLogLine(std::string line) noexcept
+{
+    writeLine(std::cout, std::move(line));
+}
+
+void writeErrorLine(std::string line) noexcept
+{
+    writeLine(std::cerr, std::move(line));
 }
 
 } // namespace tamo::detail

@@ -39,6 +39,9 @@ inline void appendTo(std::string& line, const QString& text)
 /** Writes one line, without its end, to std::cout, whole, and flushes it. Never throws. */
 void writeLogLine(std::string line) noexcept;
 
+/** As writeLogLine(), to std::cerr. */
+void writeErrorLine(std::string line) noexcept;
+
 /** Writes its arguments as one line of the log. May be called from any thread, under any lock. */
 template<typename... Parts>
 void logLine(const Parts&... parts)
@@ -46,6 +49,15 @@ void logLine(const Parts&... parts)
     std::string line;
     (appendTo(line, parts), ...);
     writeLogLine(std::move(line));
+}
+
+/** As logLine(), for what is written to standard error. */
+template<typename... Parts>
+void logErrorLine(const Parts&... parts)
+{
+    std::string line;
+    (appendTo(line, parts), ...);
+    writeErrorLine(std::move(line));
 }
 
 } // namespace tamo::detail
