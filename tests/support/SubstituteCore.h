@@ -6,6 +6,8 @@
 
 #include <tamomock/ZelCore.h>
 
+#include <screen/screen.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +25,8 @@ struct EventContent
     std::optional<std::string> data;
     std::optional<std::string> id;
     std::optional<std::string> err;
+    screen_event_t screenEvent = nullptr;
+    bool isAvailable = false;
 };
 
 /**

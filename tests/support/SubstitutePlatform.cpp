@@ -17,9 +17,15 @@ SubstitutePlatform::SubstitutePlatform() : m_screen(m_journal)
     m_core = core.get();
     auto navigator = std::make_unique<SubstituteNavigator>(m_journal, *m_core);
     m_navigator = navigator.get();
+    auto netStatus = std::make_unique<SubstituteNetStatus>(m_journal, *m_core);
+    m_netStatus = netStatus.get();
+    auto screen = std::make_unique<SubstituteScreen>(m_journal, *m_core, m_screen);
+    m_screenEvents = screen.get();
     tamomock::ZelApi::Domains domains;
     domains.core = std::move(core);
     domains.navigator = std::move(navigator);
+    domains.netStatus = std::move(netStatus);
+    domains.screen = std::move(screen);
     m_api = std::make_unique<tamomock::ZelApi>(std::move(domains));
     tamomock::ZelApi::setInstance(m_api.get());
     tamomock::ScreenApi::setInstance(&m_screen);

@@ -6,6 +6,8 @@
 #include "LogCapture.h"
 #include "SubstituteCore.h"
 #include "SubstituteNavigator.h"
+#include "SubstituteNetStatus.h"
+#include "SubstituteScreen.h"
 #include "SubstituteScreenApi.h"
 
 #include <tamomock/ZelApi.h>
@@ -20,7 +22,7 @@ namespace tamotest {
 
 /**
  * A platform for the library under test, in both seams from its construction to its destruction:
- * the event library, the navigator and the screen library. Objects of the library are made while it
+ * the event library, the navigator, the network status and the screen library. Objects of the library are made while it
  * is there, and are gone before it; so a test that makes a tamo::Application, and the Navigator
  * that lives for ever, makes one platform for the whole process (see shared()).
  *
@@ -38,6 +40,8 @@ public:
     CallJournal& journal() { return m_journal; }
     SubstituteCore& core() { return *m_core; }
     SubstituteNavigator& navigator() { return *m_navigator; }
+    SubstituteNetStatus& netStatus() { return *m_netStatus; }
+    SubstituteScreen& screenEvents() { return *m_screenEvents; }
     SubstituteScreenApi& screen() { return m_screen; }
 
     /**
@@ -53,6 +57,8 @@ private:
     SubstituteScreenApi m_screen;
     SubstituteCore* m_core = nullptr; // m_api's, as what follows
     SubstituteNavigator* m_navigator = nullptr;
+    SubstituteNetStatus* m_netStatus = nullptr;
+    SubstituteScreen* m_screenEvents = nullptr;
     std::unique_ptr<tamomock::ZelApi> m_api;
 };
 

@@ -2,12 +2,14 @@
 // What each class with a meta-object shows of itself, entry by entry. A new class adds its rows.
 #include "device/BatteryInfoPrivate.h"
 #include "pps/PpsAccessorPrivate.h"
+#include "system/NetworkStatusManagerImpl.h"
 
 #include <tamo/Application.h>
 #include <tamo/Navigator.h>
 #include <tamo/PpsAccessor.h>
 #include <tamo/PpsObject.h>
 #include <tamo/device/BatteryInfo.h>
+#include <tamo/system/NetworkStatus.h>
 
 #include <QMetaEnum>
 #include <QMetaMethod>
@@ -33,6 +35,9 @@ using tamo::PpsObject;
 using tamo::device::BatteryInfo;
 using tamo::device::BatteryInfoPrivate;
 using tamo::device::detail::PpsHelper;
+using tamo::system::NetworkStatus;
+using tamo::system::NetworkStatusManager;
+using tamo::system::NetworkStatusManagerImpl;
 
 // Types are compared as Qt knows them, since Qt 5 and Qt 6 spell some of them differently.
 template<typename T>
@@ -163,6 +168,25 @@ const std::vector<Class>& classes()
          "tamo::device::detail::PpsHelper",
          &QObject::staticMetaObject,
          {signal("received", {{type<QVariantMap>, "ppsData"}})},
+         {},
+         {}},
+        {&NetworkStatus::staticMetaObject,
+         "tamo::system::NetworkStatus",
+         &QObject::staticMetaObject,
+         {signal("networkConnected"), signal("networkDisconnected")},
+         {},
+         {}},
+        {&NetworkStatusManager::staticMetaObject,
+         "tamo::system::NetworkStatusManager",
+         &QObject::staticMetaObject,
+         {signal("externalNetworkConnected"), signal("externalNetworkDisconnected")},
+         {},
+         {}},
+        {&NetworkStatusManagerImpl::staticMetaObject,
+         "tamo::system::NetworkStatusManagerImpl",
+         &NetworkStatusManager::staticMetaObject,
+         {slot(QMetaMethod::Private, noValue, "networkIsConnected", {{type<int>, "networkID"}}),
+          slot(QMetaMethod::Private, noValue, "networkIsDisconnected", {{type<int>, "networkID"}})},
          {},
          {}},
     };
