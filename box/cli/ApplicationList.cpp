@@ -3,6 +3,7 @@
 
 #include "MessageJson.h"
 
+#include "common/Printable.h"
 #include "pps/ObjectFile.h"
 
 #include <rapidjson/document.h>
@@ -24,17 +25,12 @@ using Row = std::array<std::string, 9>;
 const Row heading = {" ",       "group", "pid",      "state", "active",
                      "listens", "angle", "rotation", "name"};
 
-// What an application says of itself is shown on one line, without control characters.
 std::string text(const rapidjson::Value& object, const char* member)
 {
     const auto found = object.FindMember(member);
     if (found == object.MemberEnd() || !found->value.IsString())
         return {};
-    std::string shown = found->value.GetString();
-    for (char& c : shown)
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f')
-            c = '?';
-    return shown;
+    return printable(found->value.GetString());
 }
 
 std::string number(const rapidjson::Value& object, const char* member)

@@ -2,8 +2,8 @@
 #include "DisplayText.h"
 
 #include "common/Json.h"
+#include "common/Printable.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -19,14 +19,6 @@ const char* typeOf(const Display& display)
 std::string extent(int width, int height)
 {
     return std::to_string(width) + " x " + std::to_string(height);
-}
-
-// A name is anybody's text, and a terminal obeys some of it.
-std::string printable(std::string text)
-{
-    const auto isControl = [](char byte) { return (byte >= 0 && byte < ' ') || byte == 0x7F; };
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    return text;
 }
 
 // The name comes last: its width on the screen is not its length in bytes.

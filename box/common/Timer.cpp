@@ -7,10 +7,15 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <type_traits>
 
 namespace tamobox {
 
 namespace {
+
+template<typename ClockType>
+constexpr int clockId =
+    std::is_same_v<ClockType, std::chrono::system_clock> ? CLOCK_REALTIME : CLOCK_MONOTONIC;
 
 void setMoment(int timer, std::chrono::nanoseconds moment)
 {
@@ -24,8 +29,9 @@ void setMoment(int timer, std::chrono::nanoseconds moment)
 
 } // namespace
 
-Timer::Timer(EventLoop& loop, EventLoop::Callback callback)
-    : m_loop(loop), m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
+template<typename ClockType>
+BasicTimer<ClockType>::BasicTimer(EventLoop& loop, EventLoop::Callback callback)
+    : m_loop(loop), m_timer(timerfd_create(clockId<ClockType>, TFD_CLOEXEC | TFD_NONBLOCK))
 {
     if (!m_timer)
         throw systemFailure("cannot create a timer");
@@ -36,20 +42,26 @@ Timer::Timer(EventLoop& loop, EventLoop::Callback callback)
     });
 }
 
-Timer::~Timer()
+template<typename ClockType>
+BasicTimer<ClockType>::~BasicTimer()
 {
     m_loop.unwatch(m_timer.get());
 }
 
-void Timer::startAt(EventLoop::Clock::time_point moment)
+template<typename ClockType>
+void BasicTimer<ClockType>::startAt(typename ClockType::time_point moment)
 {
     // A moment of 0 would stop the timer.
-    setMoment(m_timer.get(), std::max(moment.time_since_epoch(), EventLoop::Clock::duration(1)));
+    setMoment(m_timer.get(), std::max(moment.time_since_epoch(), typename ClockType::duration(1)));
 }
 
-void Timer::stop()
+template<typename ClockType>
+void BasicTimer<ClockType>::stop()
 {
     setMoment(m_timer.get(), std::chrono::nanoseconds(0));
 }
+
+template class BasicTimer<std::chrono::steady_clock>;
+template class BasicTimer<std::chrono::system_clock>;
 
 } // namespace tamobox

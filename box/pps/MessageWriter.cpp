@@ -45,6 +45,11 @@ MessageWriter& MessageWriter::add(const char* name, bool value)
     return checked(pps_encoder_add_bool(&m_encoder, name, value));
 }
 
+MessageWriter& MessageWriter::remove(const char* name)
+{
+    return checked(pps_encoder_delete_attribute(&m_encoder, name));
+}
+
 MessageWriter& MessageWriter::startObject(const char* name)
 {
     return checked(pps_encoder_start_object(&m_encoder, name));

@@ -30,6 +30,9 @@ public:
     MessageWriter& add(const char* name, double value);
     MessageWriter& add(const char* name, bool value);
 
+    /** The attribute of this name is deleted; at the top level only. */
+    MessageWriter& remove(const char* name);
+
     /** What is added next is a member of an attribute that is an object, up to endObject(). */
     MessageWriter& startObject(const char* name);
     MessageWriter& endObject();

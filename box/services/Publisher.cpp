@@ -3,6 +3,8 @@
 
 #include <fcntl.h>
 
+#include <utility>
+
 namespace tamobox {
 
 Publisher::Publisher(const std::string& object)
@@ -15,6 +17,17 @@ void Publisher::publish(const std::function<void(MessageWriter&)>& fill)
     MessageWriter message;
     fill(message.object(m_name));
     m_file.write(message.text());
+}
+
+void Publisher::publishChange(const std::function<void(MessageWriter&)>& fill)
+{
+    MessageWriter message;
+    fill(message.object(m_name));
+    std::string text = message.text();
+    if (text == m_lastChange)
+        return;
+    m_file.write(text);
+    m_lastChange = std::move(text);
 }
 
 std::optional<std::string> Publisher::published() const

@@ -6,6 +6,7 @@
 #include "pps/ObjectFile.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tamobox {
@@ -29,6 +30,9 @@ public:
     /** Publishes several attributes, which `fill` adds, at once. Throws ObjectFailure. */
     void publish(const std::function<void(MessageWriter&)>& fill);
 
+    /** As publish(), but publishes nothing where the last such call had the same attributes. */
+    void publishChange(const std::function<void(MessageWriter&)>& fill);
+
     /** What is published now; nothing where nothing ever was. Throws ObjectFailure. */
     std::optional<std::string> published() const;
 
@@ -36,6 +40,7 @@ private:
     std::string m_path;
     std::string m_name;
     ObjectFile m_file;
+    std::string m_lastChange; // as text; empty: none yet
 };
 
 } // namespace tamobox

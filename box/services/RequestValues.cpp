@@ -14,11 +14,12 @@ std::string requiredText(const MessageReader& request, const char* name, std::si
     return *text;
 }
 
-std::optional<std::string> optionalText(const MessageReader& request, const char* name)
+std::optional<std::string> optionalText(const MessageReader& request, const char* name,
+                                        std::size_t longest)
 {
     if (!request.has(name))
         return std::nullopt;
-    return requiredText(request, name);
+    return requiredText(request, name, longest);
 }
 
 bool requiredFlag(const MessageReader& request, const char* name)

@@ -20,7 +20,8 @@ inline constexpr std::size_t longestText = 65'536;
 
 std::string requiredText(const MessageReader& request, const char* name,
                          std::size_t longest = longestText);
-std::optional<std::string> optionalText(const MessageReader& request, const char* name);
+std::optional<std::string> optionalText(const MessageReader& request, const char* name,
+                                        std::size_t longest = longestText);
 bool requiredFlag(const MessageReader& request, const char* name);
 int requiredInteger(const MessageReader& request, const char* name, int lowest, int highest);
 std::optional<int> optionalInteger(const MessageReader& request, const char* name,

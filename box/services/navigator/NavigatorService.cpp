@@ -92,15 +92,9 @@ void NavigatorService::processEnded(pid_t process)
 
 void NavigatorService::publish()
 {
-    MessageWriter message;
-    writeApplications(message, m_applications);
-    const std::string text = message.text();
-    if (text == m_published)
-        return;
     try {
-        m_publisher.publish(
+        m_publisher.publishChange(
             [&](MessageWriter& object) { writeApplications(object, m_applications); });
-        m_published = text;
     } catch (const ObjectFailure& failure) {
         if (failure.error() != EFBIG)
             throw;

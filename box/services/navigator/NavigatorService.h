@@ -15,8 +15,6 @@
 #include "services/ControlMailbox.h"
 #include "services/Publisher.h"
 
-#include <string>
-
 namespace tamobox {
 
 /**
@@ -41,7 +39,6 @@ private:
     Complaints m_complaints;
     ApplicationTable m_applications;
     Publisher m_publisher;
-    std::string m_published; // as text; empty: not yet
     ProcessWatch m_processes;
     EventPost m_post;
     BoxCommands m_commands;
