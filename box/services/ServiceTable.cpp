@@ -13,6 +13,8 @@ const std::vector<ServiceEntry>& serviceTable()
         {"display-service", {{"services/screen/displays", 0644}, {"box/display", 0600}}},
         {"device-service",
          {{"services/deviceinfo/data", 0644}, {"services/deviceinfo/identity", 0644}}},
+        {"led-service",
+         {{"services/led/control", 0666}, {"services/led/status", 0644}, {"box/led", 0600}}},
         {"navigator-service",
          {{"services/navigator/events", 0666},
           {"services/navigator/control", 0666},
