@@ -3,11 +3,15 @@
  * @file
  * The network status: whether an external network can be reached, and through which proxies.
  *
+ * Events come through the mailbox `/pps/services/network/events`; what is asked for is read from
+ * `/pps/services/network/status`. A change is published before it is told: whoever is told of it
+ * and asks gets that state, or one that comes later, and is told of that one, too.
+ *
  * What is in an event is asked for by its getters; texts are zero-terminated UTF-8 and valid as
  * long as the event; an event of another domain, or one without that part, gives the value that
- * is said to be "none", with `errno` EINVAL. On a platform without the service every function
- * that can fail fails with ENOTSUP, getters of events included; netstatus_get_domain() never
- * fails.
+ * is said to be "none", with `errno` EINVAL. On a platform that does not offer the service at all
+ * every function that can fail fails with ENOTSUP, getters of events included;
+ * netstatus_get_domain() never fails.
  */
 #ifndef ZEL_NETSTATUS_H
 #define ZEL_NETSTATUS_H
@@ -42,10 +46,11 @@ typedef struct netstatus_proxy_details
 } netstatus_proxy_details_t;
 
 /**
- * Asks for the network's events, for the calling thread's active channel. The first comes at once,
+ * Asks for the network's events, for the calling thread's active channel. The first comes soon,
  * with the state as it is then, if it is known; another one follows whenever the state is
- * published, whether or not it is another. Asking again for the same channel changes nothing. The
- * events stop with the channel.
+ * published, whether or not it is another, and when the service has been started again. They come
+ * in order, and none is left out. Asking again for the same channel changes nothing. The events
+ * stop with the channel.
  *
  * @param flags 0
  *
@@ -63,7 +68,7 @@ ZEL_EXPORT int netstatus_get_domain(void);
  *
  * @param available is left as it was where the call fails
  *
- * Errors: ENOENT (no service has published the state); EBADMSG (what was published is not a message
+ * Errors: ENOENT (no service has published it); EBADMSG (what was published is not a message
  * of this kind); EINVAL; ENOMEM; and those of open() and read().
  */
 ZEL_EXPORT int netstatus_get_availability(bool* available);

@@ -84,10 +84,6 @@ TEST(HostOffers, RecordsThatAreNotGivenAreNull)
     auto* info = leftover<sensor_info_t>();
     EXPECT_EQ(sensor_info(SENSOR_TYPE_LIGHT, &info), -1);
     EXPECT_EQ(info, nullptr);
-
-    auto* proxies = leftover<netstatus_proxy_details_t>();
-    EXPECT_EQ(netstatus_get_proxy_details(&proxies), -1);
-    EXPECT_EQ(proxies, nullptr);
 }
 
 } // namespace
