@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SubstituteScreenApi.h"
 
+#include <algorithm>
+#include <map>
 #include <utility>
 
 namespace tamotest {
@@ -13,6 +15,25 @@ void SubstituteScreenApi::setDisplays(std::vector<Display> displays)
     m_displays = std::move(displays);
 }
 
+void SubstituteScreenApi::setAttached(std::size_t place, int attached)
+{
+    const std::lock_guard lock(m_mutex);
+    m_displays.at(place).attached = attached;
+}
+
+void SubstituteScreenApi::setCount(std::optional<int> count)
+{
+    const std::lock_guard lock(m_mutex);
+    m_count = count;
+}
+
+screen_event_t SubstituteScreenApi::makeEvent(const Event& event)
+{
+    const std::lock_guard lock(m_mutex);
+    m_events.push_back(event);
+    return reinterpret_cast<screen_event_t>(m_events.size());
+}
+
 int SubstituteScreenApi::contextCount() const
 {
     const std::lock_guard lock(m_mutex);
@@ -22,6 +43,18 @@ int SubstituteScreenApi::contextCount() const
 bool SubstituteScreenApi::isContext(screen_context_t context) const
 {
     return m_contexts.count(reinterpret_cast<std::uintptr_t>(context)) != 0;
+}
+
+const SubstituteScreenApi::Display* SubstituteScreenApi::find(screen_display_t display) const
+{
+    const std::size_t place = reinterpret_cast<std::uintptr_t>(display) - FirstDisplay;
+    return place < m_displays.size() ? &m_displays[place] : nullptr;
+}
+
+const SubstituteScreenApi::Event* SubstituteScreenApi::find(screen_event_t event) const
+{
+    const std::size_t place = reinterpret_cast<std::uintptr_t>(event) - 1;
+    return place < m_events.size() ? &m_events[place] : nullptr;
 }
 
 int SubstituteScreenApi::refuse(int error)
@@ -55,7 +88,7 @@ int SubstituteScreenApi::getContextPropertyIv(screen_context_t context, int name
     const std::lock_guard lock(m_mutex);
     if (!isContext(context) || name != SCREEN_PROPERTY_DISPLAY_COUNT)
         return refuse(EINVAL);
-    *values = static_cast<int>(m_displays.size());
+    *values = m_count.value_or(static_cast<int>(m_displays.size()));
     return 0;
 }
 
@@ -76,26 +109,48 @@ int SubstituteScreenApi::getDisplayPropertyIv(screen_display_t display, int name
     if (!m_journal.enter("screenApi.getDisplayPropertyIv", name))
         return -1;
     const std::lock_guard lock(m_mutex);
-    const auto handle = reinterpret_cast<std::uintptr_t>(display);
-    if (handle < FirstDisplay || handle - FirstDisplay >= m_displays.size())
+    const Display* const found = find(display);
+    if (!found)
         return refuse(EINVAL);
-    const Display& found = m_displays[handle - FirstDisplay];
-    if (name == SCREEN_PROPERTY_ROTATION) {
-        *values = found.rotation;
-        return 0;
-    }
     if (name == SCREEN_PROPERTY_SIZE) {
-        values[0] = found.width;
-        values[1] = found.height;
+        values[0] = found->width;
+        values[1] = found->height;
         return 0;
     }
-    return refuse(EINVAL);
+    if (name == SCREEN_PROPERTY_PHYSICAL_SIZE) {
+        values[0] = found->physicalWidth;
+        values[1] = found->physicalHeight;
+        return 0;
+    }
+    static const std::map<int, int Display::*> numbers = {
+        {SCREEN_PROPERTY_ID, &Display::id},
+        {SCREEN_PROPERTY_TYPE, &Display::type},
+        {SCREEN_PROPERTY_ATTACHED, &Display::attached},
+        {SCREEN_PROPERTY_DETACHABLE, &Display::detachable},
+        {SCREEN_PROPERTY_ROTATION, &Display::rotation},
+    };
+    const auto number = numbers.find(name);
+    if (number == numbers.end())
+        return refuse(EINVAL);
+    *values = found->*number->second;
+    return 0;
 }
 
-int SubstituteScreenApi::getDisplayPropertyCv(screen_display_t, int name, int, char*)
+int SubstituteScreenApi::getDisplayPropertyCv(screen_display_t display, int name, int length,
+                                              char* value)
 {
-    m_journal.enter("screenApi.getDisplayPropertyCv", name);
-    return refuse(EINVAL);
+    if (!m_journal.enter("screenApi.getDisplayPropertyCv", name, length))
+        return -1;
+    const std::lock_guard lock(m_mutex);
+    const Display* const found = find(display);
+    if (!found || name != SCREEN_PROPERTY_ID_STRING)
+        return refuse(EINVAL);
+    const auto room = static_cast<std::size_t>(length);
+    const std::size_t size = std::min(room, found->name.size());
+    std::copy_n(found->name.begin(), size, value);
+    if (size < room)
+        value[size] = '\0';
+    return 0;
 }
 
 int SubstituteScreenApi::getEventPropertyCv(screen_event_t, int name, int, char*)
@@ -104,10 +159,16 @@ int SubstituteScreenApi::getEventPropertyCv(screen_event_t, int name, int, char*
     return refuse(EINVAL);
 }
 
-int SubstituteScreenApi::getEventPropertyIv(screen_event_t, int name, int*)
+int SubstituteScreenApi::getEventPropertyIv(screen_event_t event, int name, int* values)
 {
-    m_journal.enter("screenApi.getEventPropertyIv", name);
-    return refuse(EINVAL);
+    if (!m_journal.enter("screenApi.getEventPropertyIv", name))
+        return -1;
+    const std::lock_guard lock(m_mutex);
+    const Event* const found = find(event);
+    if (!found || (name != SCREEN_PROPERTY_TYPE && name != SCREEN_PROPERTY_ATTACHED))
+        return refuse(EINVAL);
+    *values = name == SCREEN_PROPERTY_TYPE ? found->type : found->attached;
+    return 0;
 }
 
 int SubstituteScreenApi::getEventPropertyLlv(screen_event_t, int name, long long*)
@@ -116,10 +177,16 @@ int SubstituteScreenApi::getEventPropertyLlv(screen_event_t, int name, long long
     return refuse(EINVAL);
 }
 
-int SubstituteScreenApi::getEventPropertyPv(screen_event_t, int name, void**)
+int SubstituteScreenApi::getEventPropertyPv(screen_event_t event, int name, void** values)
 {
-    m_journal.enter("screenApi.getEventPropertyPv", name);
-    return refuse(EINVAL);
+    if (!m_journal.enter("screenApi.getEventPropertyPv", name))
+        return -1;
+    const std::lock_guard lock(m_mutex);
+    const Event* const found = find(event);
+    if (!found || name != SCREEN_PROPERTY_DISPLAY)
+        return refuse(EINVAL);
+    *values = reinterpret_cast<void*>(FirstDisplay + found->display);
+    return 0;
 }
 
 } // namespace tamotest

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// A race in a slot beneath Qt's event loop: the receiver's thread and the main one write the same
-// integer, the latter after it has posted the event, with nothing between them.
+// A race beneath Qt's event loop: the receiver's thread and the main one write the same integer, the
+// latter after it has posted an event, with nothing between them. A functor would put them in order,
+// where its caller is the last to let go of it.
 #include <QCoreApplication>
+#include <QEvent>
 #include <QThread>
 
 #include <atomic>
@@ -18,19 +20,26 @@ void count()
         ++counter;
 }
 
+class Receiver : public QObject
+{
+protected:
+    void customEvent(QEvent*) override
+    {
+        started.store(true, std::memory_order_relaxed);
+        count();
+    }
+};
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     QThread thread;
-    QObject receiver;
+    Receiver receiver;
     receiver.moveToThread(&thread);
     thread.start();
-    QMetaObject::invokeMethod(&receiver, [] {
-        started.store(true, std::memory_order_relaxed);
-        count();
-    });
+    QCoreApplication::postEvent(&receiver, new QEvent(QEvent::User));
     while (!started.load(std::memory_order_relaxed))
         QThread::yieldCurrentThread();
     count();
