@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <tamo/device/Display.h>
+
+#include "device/DisplayPrivate.h"
+
+#include <QMetaEnum>
+#include <QMetaProperty>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+
+using namespace testing;
+using tamo::device::Display;
+using tamo::device::DisplayProperties;
+
+namespace {
+
+TEST(DisplayTest, OfTheApplicationsOwnIsNoDisplay)
+{
+    const Display display;
+    EXPECT_EQ(display.displayId(), -1);
+    EXPECT_TRUE(display.displayName().isEmpty());
+    EXPECT_EQ(display.pixelSize(), QSize(0, 0));
+    EXPECT_EQ(display.physicalSize(), QSizeF(0, 0));
+    EXPECT_EQ(display.aspectType(), Display::Square);
+    EXPECT_EQ(display.displayType(), Display::DisplayTypeExternal);
+    EXPECT_FALSE(display.isAttached());
+    EXPECT_FALSE(display.isDetachable());
+    EXPECT_EQ(display.resolution(), QSizeF(0, 0));
+}
+
+TEST(DisplayTest, HasNamesForPropertiesAndValues)
+{
+    const QMetaObject& meta = Display::staticMetaObject;
+    EXPECT_STREQ(meta.className(), "tamo::device::Display");
+    std::vector<std::string> properties;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        EXPECT_FALSE(property.isWritable()) << property.name();
+        EXPECT_EQ(property.hasNotifySignal(), property.name() == std::string("attached"));
+        properties.emplace_back(property.name());
+    }
+    EXPECT_THAT(properties, ElementsAre("displayId", "displayName", "pixelSize", "physicalSize",
+                                        "aspectType", "displayType", "attached", "detachable"));
+    const QMetaEnum aspects = meta.enumerator(meta.indexOfEnumerator("AspectType"));
+    EXPECT_EQ(aspects.keyCount(), 3);
+    EXPECT_EQ(aspects.keyToValue("Landscape"), 0);
+    EXPECT_EQ(aspects.keyToValue("Portrait"), 1);
+    EXPECT_EQ(aspects.keyToValue("Square"), 2);
+    const QMetaEnum types = meta.enumerator(meta.indexOfEnumerator("DisplayType"));
+    EXPECT_EQ(types.keyCount(), 2);
+    EXPECT_EQ(types.keyToValue("DisplayTypeInternal"), 0);
+    EXPECT_EQ(types.keyToValue("DisplayTypeExternal"), 1);
+    EXPECT_NE(meta.indexOfSignal("attachedChanged(bool)"), -1);
+    EXPECT_EQ(Display::displayNameSize, 129);
+}
+
+TEST(DisplayTest, PropertiesAreReadByName)
+{
+    const Display display;
+    EXPECT_EQ(display.property("displayId").toInt(), -1);
+    EXPECT_EQ(display.property("pixelSize").toSize(), QSize(0, 0));
+    EXPECT_EQ(display.property("aspectType").toInt(), Display::Square);
+    EXPECT_EQ(display.property("attached").toBool(), false);
+}
+
+TEST(DisplayTest, EveryDifferenceMakesAnotherReading)
+{
+    std::set<DisplayProperties> readings = {{}};
+    const auto add = [&](auto DisplayProperties::*member, auto value) {
+        DisplayProperties properties;
+        properties.*member = value;
+        return readings.insert(properties).second && !readings.insert(properties).second;
+    };
+    EXPECT_TRUE(add(&DisplayProperties::id, 1));
+    EXPECT_TRUE(add(&DisplayProperties::name, QStringLiteral("a")));
+    EXPECT_TRUE(add(&DisplayProperties::pixelWidth, 1));
+    EXPECT_TRUE(add(&DisplayProperties::pixelHeight, 1));
+    EXPECT_TRUE(add(&DisplayProperties::physicalWidth, 1.0F));
+    EXPECT_TRUE(add(&DisplayProperties::physicalHeight, 1.0F));
+    EXPECT_TRUE(add(&DisplayProperties::aspectType, Display::Portrait));
+    EXPECT_TRUE(add(&DisplayProperties::displayType, Display::DisplayTypeInternal));
+    EXPECT_TRUE(add(&DisplayProperties::isAttached, true));
+    EXPECT_TRUE(add(&DisplayProperties::isDetachable, true));
+}
+
+} // namespace
