@@ -11,10 +11,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/** Above what it takes an idle processor to wake up, twice. */
+/** Above what it takes an idle processor to wake up, also the slow one of a virtual machine. */
 constexpr auto Longest = 200us;
 
-/** Above what a glance takes: somebody else had the processor between two of them. */
+/** Well above what a glance takes: somebody else had the processor between two of them. */
 constexpr auto Interruption = 20us;
 
 /** Above what anybody needs who only asks for something and then sleeps. */

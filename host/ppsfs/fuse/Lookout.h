@@ -19,7 +19,7 @@ class Lookout
 {
 public:
     /**
-     * Waits, without sleeping, until a descriptor is readable, but no longer than Longest.
+     * Waits, without sleeping, until a descriptor is readable, but no longer than 200 us.
      *
      * @return whether it is; false also where this look is left out
      */

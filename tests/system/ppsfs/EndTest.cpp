@@ -65,6 +65,7 @@ TEST_F(EndE1, ASignalEndsItCleanly)
         const PpsDescriptor object("o?wait");
         object.read();
         WaitingReader waiting(object);
+        contentOf("o"); // answered after the read that waits was received
         ASSERT_EQ(kill(second.pid(), signal), 0);
         EXPECT_EQ(waiting.result().error, ENOTCONN);
         siginfo_t ended{};

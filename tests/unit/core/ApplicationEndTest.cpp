@@ -14,7 +14,7 @@ class ApplicationEnd : public testing::TestWithParam<const char*>
 
 TEST_P(ApplicationEnd, GivesItsOwnStatusEveryTime)
 {
-    constexpr int runs = 50;
+    constexpr int runs = TAMO_TEST_RUNS;
     for (int i = 0; i < runs; ++i) {
         QProcess process;
         process.start(TAMO_TEST_APPLICATION_ENDINGS, {GetParam()});
