@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <tamomock/NotificationPpsChannel.h>
+
+#include "CurrentChannel.h"
+
+#include <tamo/PpsAccessor.h>
+
+namespace tamomock {
+
+using tamo::PpsAccessor;
+
+namespace {
+
+struct Current : detail::CurrentChannel<NotificationPpsChannel>
+{
+    QString path;
+};
+
+Current& current()
+{
+    // Never destroyed: threads may use notifications while the process ends.
+    static auto& instance = *new Current;
+    return instance;
+}
+
+} // namespace
+
+NotificationPpsChannel::NotificationPpsChannel()
+{
+    const auto* const accessor = new PpsAccessor(path(), this);
+    connect(accessor, &PpsAccessor::received, this, &NotificationPpsChannel::receivePassthrough);
+    connect(this, &NotificationPpsChannel::sendPassthrough, accessor, &PpsAccessor::send);
+}
+
+NotificationPpsChannel::NotificationPpsChannel(WithoutPps) {}
+
+NotificationPpsChannel::~NotificationPpsChannel() = default;
+
+QSharedPointer<NotificationPpsChannel> NotificationPpsChannel::channel()
+{
+    return current().get();
+}
+
+void NotificationPpsChannel::setChannel(const QSharedPointer<NotificationPpsChannel>& channel)
+{
+    current().set(channel);
+}
+
+void NotificationPpsChannel::resetChannel()
+{
+    current().reset();
+}
+
+QString NotificationPpsChannel::path()
+{
+    const QMutexLocker locker(&current().mutex);
+    if (current().path.isNull())
+        current().path = QStringLiteral("/pps/services/notification/control");
+    return current().path;
+}
+
+void NotificationPpsChannel::setPath(const QString& path)
+{
+    const QMutexLocker locker(&current().mutex);
+    current().path = path;
+}
+
+void NotificationPpsChannel::resetPath()
+{
+    setPath(QString());
+}
+
+} // namespace tamomock

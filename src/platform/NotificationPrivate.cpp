@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "NotificationPrivate.h"
+
+#include "NotificationMessages.h"
+#include "PromptChoicePrivate.h"
+#include "mock/ChannelShare.h"
+#include "pps/ServiceMessage.h"
+
+#include <tamo/platform/NotificationException.h>
+
+#include <QtCore/QChildEvent>
+#include <QtCore/QMutexLocker>
+#include <QtCore/QThread>
+
+#include <algorithm>
+
+namespace tamo {
+namespace platform {
+
+using tamo::detail::memberMap;
+using tamo::detail::requestMessage;
+
+namespace {
+
+using Entry = tamo::detail::MessageEntry<NotificationPrivate>;
+using Source = const NotificationPrivate&;
+
+template<typename Value>
+QVariant valueIf(bool condition, const Value& value)
+{
+    return condition ? QVariant(value) : QVariant();
+}
+
+QVariant timeText(qint64 millisecondsSinceEpoch)
+{
+    return QString::number(millisecondsSinceEpoch);
+}
+
+QVariant expirationTime(Source d)
+{
+    constexpr qint64 millisecondsPerSecond = 1000;
+    if (d.duration == 0)
+        return QVariant();
+    return timeText(QDateTime::currentMSecsSinceEpoch() + d.duration * millisecondsPerSecond);
+}
+
+QVariant iconPath(Source d)
+{
+    return d.icon.isValid() && d.icon.isLocalFile() ? d.icon.toLocalFile() : QVariant();
+}
+
+struct Notify
+{
+    // By name, which is the order of the map that is made of it.
+    const Entry entries[11] = {
+        {QStringLiteral("context"),
+         [](Source d) { return valueIf(!d.metadata.isNull(), d.metadata); }},
+        {QStringLiteral("expirationTime"), expirationTime},
+        {QStringLiteral("htmlText"),
+         [](Source d) { return valueIf(d.textMode == NotificationTextMode::RichText, d.body); }},
+        {QStringLiteral("iconUrl"), iconPath},
+        {QStringLiteral("id"), [](Source d) { return QVariant(d.id); }},
+        {QStringLiteral("ledColor"),
+         [](Source d) {
+             return valueIf(d.ledColor != device::LedColor::None, static_cast<int>(d.ledColor));
+         }},
+        {QStringLiteral("notifyOnInvoke"), [](Source) { return QVariant(true); }},
+        {QStringLiteral("promptChoices"), [](Source d) { return d.describeChoices(); }},
+        {QStringLiteral("soundUrl"), [](Source d) { return valueIf(!d.sound.isNull(), d.sound); }},
+        {QStringLiteral("text"),
+         [](Source d) { return valueIf(d.textMode != NotificationTextMode::RichText, d.body); }},
+        {QStringLiteral("time"),
+         [](Source d) {
+             return d.time.isNull() ? QVariant() : timeText(d.time.toMSecsSinceEpoch());
+         }},
+    };
+};
+
+void acknowledge(NotificationPrivate& d, const QVariantMap& dat, const QString& context)
+{
+    constexpr int noChoice = -1;
+    bool isNumber = false;
+    const int response = dat.value(QStringLiteral("promptResponse")).toInt(&isNumber);
+    if (!isNumber || response == noChoice) {
+        Q_EMIT d.q->acknowledged(context);
+        return;
+    }
+    const QVariantMap choice = memberMap(dat, QStringLiteral("promptChoice"));
+    Q_EMIT d.selectedBroadcast(choice.value(QStringLiteral("id")).toString(), context,
+                               choice.value(QStringLiteral("label")).toString(),
+                               choice.value(QStringLiteral("context")).toString());
+}
+
+/** An answer of the service's, and what it sets off: a signal, the last that is done here, since a
+ * receiver may delete the notification. */
+struct Answer
+{
+    QLatin1String msg;
+    void (*deliver)(NotificationPrivate& d, const QVariantMap& dat, const QString& context);
+};
+
+constexpr Answer answers[] = {
+    {QLatin1String("Invoke"), [](NotificationPrivate& d, const QVariantMap&,
+                                 const QString& context) { Q_EMIT d.q->invoked(context); }},
+    {QLatin1String("Expire"), [](NotificationPrivate& d, const QVariantMap&,
+                                 const QString& context) { Q_EMIT d.q->expired(context); }},
+    {QLatin1String("Acknowledge"), acknowledge},
+};
+
+} // namespace
+
+NotificationPrivate::NotificationPrivate(Notification* notification)
+    : q(notification)
+    , channel(
+          tamomock::detail::joinChannel<tamomock::NotificationPpsChannel, NotificationException>(
+              this, notificationMessages().systemIsMalfunctioning))
+{
+    connect(channel.data(), &tamomock::NotificationPpsChannel::receivePassthrough, this,
+            &NotificationPrivate::onResponse);
+}
+
+NotificationPrivate::~NotificationPrivate()
+{
+    cancel();
+}
+
+void NotificationPrivate::notify()
+{
+    static const auto& message = *new Notify;
+    Q_EMIT send(
+        requestMessage(QStringLiteral("Notify"), tamo::detail::entriesOf(message.entries, *this)));
+}
+
+void NotificationPrivate::cancel()
+{
+    Q_EMIT send(requestMessage(QStringLiteral("Cancel"), {{QStringLiteral("id"), id}}));
+}
+
+void NotificationPrivate::attach(PromptChoice* choice)
+{
+    if (!choice)
+        return;
+    if (choice->thread() != q->thread()) {
+        qWarning("tamo::platform::Notification: a choice of another thread cannot be attached");
+        return;
+    }
+    const QMutexLocker locker(&choicesMutex);
+    if (promptChoices.lastIndexOf(choice) == -1) {
+        promptChoices.append(choice);
+        connect(choice, &QObject::destroyed, this, &NotificationPrivate::onChildDestroyed,
+                Qt::UniqueConnection);
+        connect(this, &NotificationPrivate::selectedBroadcast, choice->d.get(),
+                &PromptChoicePrivate::onSelectedBroadcast);
+    }
+    if (choice->parent() != q)
+        choice->setParent(q);
+}
+
+void NotificationPrivate::clear()
+{
+    const QMutexLocker locker(&choicesMutex);
+    const QList<PromptChoice*> former = promptChoices;
+    for (PromptChoice* const choice : former) {
+        detach(choice);
+        choice->deleteLater();
+    }
+}
+
+QVariant NotificationPrivate::describeChoices() const
+{
+    const QMutexLocker locker(&choicesMutex);
+    if (promptChoices.isEmpty())
+        return QVariant();
+    QVariantList descriptions;
+    descriptions.reserve(promptChoices.size());
+    for (const PromptChoice* const choice : promptChoices)
+        descriptions.append(choice->d->description());
+    return descriptions;
+}
+
+void NotificationPrivate::childEvent(QChildEvent* event)
+{
+    if (event->type() == QEvent::ChildAdded)
+        attach(qobject_cast<PromptChoice*>(event->child()));
+    else if (event->type() == QEvent::ChildRemoved)
+        detach(event->child());
+}
+
+void NotificationPrivate::onChildDestroyed(QObject* child)
+{
+    detach(child);
+}
+
+void NotificationPrivate::onResponse(const QVariantMap& response)
+{
+    const QVariantMap& control = memberMap(response, QStringLiteral("@control"));
+    const QVariantMap& dat = memberMap(control, QStringLiteral("dat"));
+    // Each notification of the process gets the answers for all.
+    if (dat.value(QStringLiteral("id")).toString() != id)
+        return;
+    const QString msg = control.value(QStringLiteral("msg")).toString();
+    const QString context = dat.value(QStringLiteral("context")).toString();
+    const auto* const answer = std::find_if(std::begin(answers), std::end(answers),
+                                            [&msg](const Answer& a) { return a.msg == msg; });
+    if (answer == std::end(answers))
+        throw NotificationException(notificationMessages().unknownResponse);
+    answer->deliver(*this, dat, context);
+}
+
+// Of a choice that is being deleted there may be nothing left but the address; that is enough to
+// take it from the list, and Qt ends its connections.
+void NotificationPrivate::detach(QObject* child)
+{
+    const QMutexLocker locker(&choicesMutex);
+    const auto isChild = [child](const QObject* choice) { return choice == child; };
+    const auto rest = std::remove_if(promptChoices.begin(), promptChoices.end(), isChild);
+    if (rest == promptChoices.end())
+        return;
+    promptChoices.erase(rest, promptChoices.end());
+    if (const auto* const choice = qobject_cast<PromptChoice*>(child)) {
+        disconnect(choice, &QObject::destroyed, this, &NotificationPrivate::onChildDestroyed);
+        disconnect(this, &NotificationPrivate::selectedBroadcast, choice->d.get(),
+                   &PromptChoicePrivate::onSelectedBroadcast);
+    }
+}
+
+} // namespace platform
+} // namespace tamo
