@@ -16,6 +16,7 @@ void addBatteryCommands(CommandLine& commandLine);
 void addNavigatorCommands(CommandLine& commandLine);
 void addRotateCommand(CommandLine& commandLine);
 void addDisplayCommands(CommandLine& commandLine);
+void addNetworkCommands(CommandLine& commandLine);
 void addLedCommand(CommandLine& commandLine);
 
 } // namespace tamobox

@@ -5,6 +5,7 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "DisplayText.h"
+#include "NetworkText.h"
 
 #include "common/Failure.h"
 #include "common/Json.h"
@@ -25,6 +26,8 @@ struct PhoneState
     BatteryState battery;
     std::optional<DisplayList> displays;
     std::string displaysComplaint; // where there is no list
+    std::optional<NetworkState> network;
+    std::string networkComplaint; // where its state cannot be read
     std::optional<std::string> osVersion;
 
     static PhoneState read();
@@ -44,6 +47,13 @@ PhoneState PhoneState::read()
     } catch (const Failure& failure) { // what is published is not a list
         phone.displaysComplaint = failure.what();
     }
+    try {
+        phone.network = NetworkState::published();
+    } catch (const ObjectFailure&) {
+        throw;
+    } catch (const Failure& failure) {
+        phone.networkComplaint = failure.what();
+    }
     return phone;
 }
 
@@ -58,6 +68,7 @@ void printJson(rapidjson::Document& status, const PhoneState& phone)
 {
     addMember(status, "battery", phone.battery.toJson());
     addMember(status, "displays", phone.displays ? displaysToJson(*phone.displays) : "null");
+    addMember(status, "network", phone.network ? networkToJson(*phone.network) : "null");
     Json device;
     device.startObject().key("osVersion");
     phone.osVersion ? device.string(*phone.osVersion) : device.null();
@@ -90,6 +101,8 @@ void printText(const rapidjson::Document& status, const PhoneState& phone)
     else
         for (const Display& display : phone.displays->displays())
             std::printf("display      %s\n", displaySummary(display).c_str());
+    std::printf("network      %s\n", phone.network ? availabilityText(*phone.network).c_str()
+                                                   : phone.networkComplaint.c_str());
     std::printf("device       version %s\n", phone.osVersion.value_or("unknown").c_str());
 }
 

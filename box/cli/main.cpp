@@ -12,8 +12,8 @@ int main(int argc, char** argv)
     CommandLine commandLine;
     for (const auto addCommands :
          {addRunCommand, addExecCommands, addDoctorCommand, addStatusCommand, addPpsCommands,
-          addBatteryCommands, addDisplayCommands, addNavigatorCommands, addRotateCommand,
-          addLedCommand})
+          addBatteryCommands, addDisplayCommands, addNetworkCommands, addNavigatorCommands,
+          addRotateCommand, addLedCommand})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }
