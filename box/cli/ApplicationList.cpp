@@ -2,6 +2,7 @@
 #include "ApplicationList.h"
 
 #include "MessageJson.h"
+#include "TextTable.h"
 
 #include "common/Printable.h"
 #include "pps/ObjectFile.h"
@@ -12,15 +13,13 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 namespace tamobox {
 
 namespace {
 
-using Row = std::array<std::string, 9>;
+using Row = std::vector<std::string>;
 
 const Row heading = {" ",       "group", "pid",      "state", "active",
                      "listens", "angle", "rotation", "name"};
@@ -44,15 +43,6 @@ bool flag(const rapidjson::Value& object, const char* member)
 {
     const auto found = object.FindMember(member);
     return found != object.MemberEnd() && found->value.IsTrue();
-}
-
-std::string lineFor(const Row& row, const std::array<std::size_t, 9>& widths)
-{
-    std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i)
-        line += row[i] + std::string(widths[i] - row[i].size() + 2, ' ');
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line + '\n';
 }
 
 std::string extrasOf(const rapidjson::Value& application)
@@ -127,13 +117,10 @@ std::string ApplicationList::toText() const
         rows.push_back(rowFor(application, foreground));
         extras.push_back(extrasOf(application));
     }
-    std::array<std::size_t, 9> widths = {};
-    for (const Row& row : rows)
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], row[i].size());
+    const std::vector<std::string> lines = tableLines(rows);
     std::string all;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        all += lineFor(rows[i], widths) + extras[i];
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        all += lines[i] + extras[i];
     return all + lockLine;
 }
 

@@ -18,6 +18,7 @@ void addRotateCommand(CommandLine& commandLine);
 void addDisplayCommands(CommandLine& commandLine);
 void addNetworkCommands(CommandLine& commandLine);
 void addLedCommand(CommandLine& commandLine);
+void addNotificationCommands(CommandLine& commandLine);
 
 } // namespace tamobox
 

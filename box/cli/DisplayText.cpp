@@ -21,6 +21,18 @@ std::string extent(int width, int height)
     return std::to_string(width) + " x " + std::to_string(height);
 }
 
+void addDisplay(Json& json, const Display& display)
+{
+    json.startObject().key("id").number(display.id).key("name").string(display.name);
+    json.key("type").string(typeOf(display));
+    json.key("attached").boolean(display.isAttached);
+    json.key("detachable").boolean(display.isDetachable);
+    json.key("rotation").number(display.rotation);
+    json.key("width").number(display.width).key("height").number(display.height);
+    json.key("physicalWidth").number(display.physicalWidth);
+    json.key("physicalHeight").number(display.physicalHeight).endObject();
+}
+
 // The name comes last: its width on the screen is not its length in bytes.
 std::string line(const char* id, const char* type, const char* attached, const char* rotation,
                  const char* pixels, const char* millimetres)
@@ -56,20 +68,19 @@ std::string displaySummary(const Display& display)
            std::to_string(display.rotation) + (display.isAttached ? "" : ", not attached");
 }
 
+std::string displayToJson(const Display& display)
+{
+    Json json;
+    addDisplay(json, display);
+    return json.text();
+}
+
 std::string displaysToJson(const DisplayList& list)
 {
     Json json;
     json.startArray();
-    for (const Display& display : list.displays()) {
-        json.startObject().key("id").number(display.id).key("name").string(display.name);
-        json.key("type").string(typeOf(display));
-        json.key("attached").boolean(display.isAttached);
-        json.key("detachable").boolean(display.isDetachable);
-        json.key("rotation").number(display.rotation);
-        json.key("width").number(display.width).key("height").number(display.height);
-        json.key("physicalWidth").number(display.physicalWidth);
-        json.key("physicalHeight").number(display.physicalHeight).endObject();
-    }
+    for (const Display& display : list.displays())
+        addDisplay(json, display);
     return json.endArray().text();
 }
 

@@ -14,6 +14,9 @@ std::string displayTable(const DisplayList& list);
 /** A display in a few words. */
 std::string displaySummary(const Display& display);
 
+/** A display: an object with the members that it has in the published one. */
+std::string displayToJson(const Display& display);
+
 /** All displays: an array of objects with the members that the published object has. */
 std::string displaysToJson(const DisplayList& list);
 

@@ -41,11 +41,11 @@ LedState publishedLed()
 
 std::string ledSummary(const LedState& state)
 {
-    std::string text =
-        state.lit == LedColor::None ? std::string("off") : std::string("lit ") + nameOf(state.lit);
+    const std::string light =
+        state.lit == LedColor::None ? "dark" : std::string("lit ") + nameOf(state.lit);
     if (state.requests.empty())
-        return text;
-    text += "; flashes " + describe(state.requests.front());
+        return state.lit == LedColor::None ? "off" : light;
+    const std::string text = light + "; flashes " + describe(state.requests.front());
     const std::size_t waiting = state.requests.size() - 1;
     return waiting == 0 ? text : text + "; " + std::to_string(waiting) + " waiting";
 }

@@ -5,7 +5,9 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "DisplayText.h"
+#include "LedSummary.h"
 #include "NetworkText.h"
+#include "NotificationTable.h"
 
 #include "common/Failure.h"
 #include "common/Json.h"
@@ -29,6 +31,8 @@ struct PhoneState
     std::optional<NetworkState> network;
     std::string networkComplaint; // where its state cannot be read
     std::optional<std::string> osVersion;
+    LedState led;
+    std::size_t notifications = 0; // their number
 
     static PhoneState read();
 };
@@ -40,6 +44,8 @@ PhoneState PhoneState::read()
     phone.osVersion =
         readAttribute("services/deviceinfo/data", "@data",
                       [](MessageReader& message) { return message.string("OsVersion"); });
+    phone.led = publishedLed();
+    phone.notifications = publishedNotifications().size();
     try {
         phone.displays = DisplayList::published();
     } catch (const ObjectFailure&) {
@@ -73,6 +79,8 @@ void printJson(rapidjson::Document& status, const PhoneState& phone)
     device.startObject().key("osVersion");
     phone.osVersion ? device.string(*phone.osVersion) : device.null();
     addMember(status, "device", device.endObject().text());
+    addMember(status, "led", ledToJson(phone.led));
+    addMember(status, "notifications", std::to_string(phone.notifications));
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
     status.Accept(writer);
@@ -104,6 +112,8 @@ void printText(const rapidjson::Document& status, const PhoneState& phone)
     std::printf("network      %s\n", phone.network ? availabilityText(*phone.network).c_str()
                                                    : phone.networkComplaint.c_str());
     std::printf("device       version %s\n", phone.osVersion.value_or("unknown").c_str());
+    std::printf("led          %s\n", ledSummary(phone.led).c_str());
+    std::printf("notification %zu posted\n", phone.notifications);
 }
 
 } // namespace

@@ -13,7 +13,7 @@ int main(int argc, char** argv)
     for (const auto addCommands :
          {addRunCommand, addExecCommands, addDoctorCommand, addStatusCommand, addPpsCommands,
           addBatteryCommands, addDisplayCommands, addNetworkCommands, addNavigatorCommands,
-          addRotateCommand, addLedCommand})
+          addRotateCommand, addLedCommand, addNotificationCommands})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }
