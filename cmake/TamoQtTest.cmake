@@ -1,4 +1,11 @@
 # SPDX-License-Identifier: Apache-2.0
+# Has ThreadSanitizer told what Qt puts in order in a program, where the build is one for it.
+function(tamo_tell_qt_order target)
+    if(TAMO_SANITIZE STREQUAL "thread")
+        target_link_libraries(${target} PRIVATE tamo_test_tsan)
+    endif()
+endfunction()
+
 # A GoogleTest program around a QCoreApplication, with Qt Test. It is registered twice: the event
 # dispatcher that Qt takes on its own (GLib's, where Qt was built with it), and Qt's own one. The two
 # differ in when a socket notifier fires again.
@@ -15,9 +22,7 @@ function(tamo_add_qt_test target)
         ENVIRONMENT ${arg_ENVIRONMENT}
         TIMEOUT ${arg_TIMEOUT})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
-    if(TAMO_SANITIZE STREQUAL "thread")
-        target_link_libraries(${target} PRIVATE tamo_test_tsan)
-    endif()
+    tamo_tell_qt_order(${target})
 
     set(twin ${target}-without-glib)
     add_test(NAME ${twin} COMMAND ${target})
