@@ -77,19 +77,19 @@ class TAMO_EXPORT Notification : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("DefaultProperty", "choices")
-    // clang-format off
     Q_PROPERTY(QString body READ body WRITE setBody RESET resetBody NOTIFY bodyChanged)
-    Q_PROPERTY(tamo::device::LedColor::Type ledColor READ ledColor WRITE setLedColor
-               RESET resetLedColor NOTIFY ledColorChanged)
+    Q_PROPERTY(tamo::device::LedColor::Type ledColor READ ledColor WRITE setLedColor RESET
+                   resetLedColor NOTIFY ledColorChanged)
     Q_PROPERTY(tamo::platform::NotificationTextMode::Type textMode READ textMode WRITE setTextMode
-               RESET resetTextMode NOTIFY textModeChanged)
+                   RESET resetTextMode NOTIFY textModeChanged)
     Q_PROPERTY(QDateTime time READ time WRITE setTime RESET resetTime NOTIFY timeChanged)
-    Q_PROPERTY(int duration READ duration WRITE setDuration RESET resetDuration NOTIFY durationChanged)
+    Q_PROPERTY(
+        int duration READ duration WRITE setDuration RESET resetDuration NOTIFY durationChanged)
     Q_PROPERTY(QUrl icon READ icon WRITE setIcon RESET resetIcon NOTIFY iconChanged)
     Q_PROPERTY(QString sound READ sound WRITE setSound RESET resetSound NOTIFY soundChanged)
-    Q_PROPERTY(QString metadata READ metadata WRITE setMetadata RESET resetMetadata NOTIFY metadataChanged)
+    Q_PROPERTY(
+        QString metadata READ metadata WRITE setMetadata RESET resetMetadata NOTIFY metadataChanged)
     Q_PROPERTY(QQmlListProperty<tamo::platform::PromptChoice> choices READ qmlPromptChoices)
-    // clang-format on
 
 public:
     /**

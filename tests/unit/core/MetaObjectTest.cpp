@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // What each class with a meta-object shows of itself, entry by entry. A new class adds its rows.
 #include "device/BatteryInfoPrivate.h"
+#include "device/LedPrivate.h"
+#include "platform/NotificationPrivate.h"
+#include "platform/PromptChoicePrivate.h"
 #include "pps/PpsAccessorPrivate.h"
 #include "system/NetworkStatusManagerImpl.h"
 
@@ -34,10 +37,20 @@ using tamo::PpsAccessorPrivate;
 using tamo::PpsObject;
 using tamo::device::BatteryInfo;
 using tamo::device::BatteryInfoPrivate;
+using tamo::device::Led;
+using tamo::device::LedColor;
+using tamo::device::LedPrivate;
 using tamo::device::detail::PpsHelper;
+using tamo::platform::Notification;
+using tamo::platform::NotificationPrivate;
+using tamo::platform::NotificationTextMode;
+using tamo::platform::PromptChoice;
+using tamo::platform::PromptChoicePrivate;
 using tamo::system::NetworkStatus;
 using tamo::system::NetworkStatusManager;
 using tamo::system::NetworkStatusManagerImpl;
+using tamomock::LedPpsChannel;
+using tamomock::NotificationPpsChannel;
 
 // Types are compared as Qt knows them, since Qt 5 and Qt 6 spell some of them differently.
 template<typename T>
@@ -84,6 +97,7 @@ struct Class
     std::vector<Method> methods;
     std::vector<Property> properties;
     std::vector<Enumeration> enumerations;
+    std::vector<std::pair<std::string, std::string>> classInfo = {};
 };
 
 Method signal(const std::string& name, std::vector<Parameter> parameters = {})
@@ -95,6 +109,17 @@ Method slot(QMetaMethod::Access access, int returnType, const std::string& name,
             std::vector<Parameter> parameters = {})
 {
     return {QMetaMethod::Slot, access, returnType, name, std::move(parameters)};
+}
+
+Method invokable(const std::string& name, std::vector<Parameter> parameters = {})
+{
+    return {QMetaMethod::Method, QMetaMethod::Public, noValue, name, std::move(parameters)};
+}
+
+/** A property with a setter, a resetter, and the signal that such a property has. */
+Property variable(const std::string& name, int type)
+{
+    return {name, type, true, true, false, name + "Changed"};
 }
 
 const std::vector<Class>& classes()
@@ -189,6 +214,117 @@ const std::vector<Class>& classes()
           slot(QMetaMethod::Private, noValue, "networkIsDisconnected", {{type<int>, "networkID"}})},
          {},
          {}},
+        {&LedColor::staticMetaObject,
+         "tamo::device::LedColor",
+         &QObject::staticMetaObject,
+         {},
+         {},
+         {{"Type",
+           false,
+           {{"None", 0},
+            {"Red", 0xFF0000},
+            {"Green", 0x00FF00},
+            {"Blue", 0x0000FF},
+            {"Yellow", 0xFFFF00},
+            {"Cyan", 0x00FFFF},
+            {"Magenta", 0xFF00FF},
+            {"White", 0xFFFFFF}}}}},
+        {&Led::staticMetaObject,
+         "tamo::device::Led",
+         &QObject::staticMetaObject,
+         {signal("colorChanged", {{type<LedColor::Type>, "value"}}),
+          signal("remainingFlashCountChanged", {{type<int>, "value"}}),
+          signal("activeChanged", {{type<bool>, "value"}}), invokable("flash"),
+          invokable("flash", {{type<int>, "count"}}), invokable("cancel")},
+         {variable("color", type<LedColor::Type>),
+          {"remainingFlashCount", type<int>, false, false, false, "remainingFlashCountChanged"},
+          {"active", type<bool>, false, false, false, "activeChanged"}},
+         {}},
+        {&LedPrivate::staticMetaObject,
+         "tamo::device::LedPrivate",
+         &QObject::staticMetaObject,
+         {signal("send", {{type<QVariantMap>, "message"}}),
+          slot(QMetaMethod::Public, noValue, "onReceive", {{type<QVariantMap>, "map"}})},
+         {},
+         {}},
+        {&NotificationTextMode::staticMetaObject,
+         "tamo::platform::NotificationTextMode",
+         &QObject::staticMetaObject,
+         {},
+         {},
+         {{"Type", false, {{"PlainText", 0}, {"RichText", 1}}}}},
+        {&Notification::staticMetaObject,
+         "tamo::platform::Notification",
+         &QObject::staticMetaObject,
+         {signal("acknowledged", {{type<QString>, "metadata"}}),
+          signal("invoked", {{type<QString>, "metadata"}}),
+          signal("expired", {{type<QString>, "metadata"}}),
+          signal("bodyChanged", {{type<QString>, "value"}}),
+          signal("ledColorChanged", {{type<LedColor::Type>, "value"}}),
+          signal("textModeChanged", {{type<NotificationTextMode::Type>, "value"}}),
+          signal("timeChanged", {{type<QDateTime>, "value"}}),
+          signal("durationChanged", {{type<int>, "value"}}),
+          signal("iconChanged", {{type<QUrl>, "value"}}),
+          signal("soundChanged", {{type<QString>, "value"}}),
+          signal("metadataChanged", {{type<QString>, "value"}}), invokable("notify"),
+          invokable("cancel")},
+         {variable("body", type<QString>),
+          variable("ledColor", type<LedColor::Type>),
+          variable("textMode", type<NotificationTextMode::Type>),
+          variable("time", type<QDateTime>),
+          variable("duration", type<int>),
+          variable("icon", type<QUrl>),
+          variable("sound", type<QString>),
+          variable("metadata", type<QString>),
+          {"choices", type<QQmlListProperty<PromptChoice>>, false, false, false, ""}},
+         {},
+         {{"DefaultProperty", "choices"}}},
+        {&NotificationPrivate::staticMetaObject,
+         "tamo::platform::NotificationPrivate",
+         &QObject::staticMetaObject,
+         {signal("selectedBroadcast", {{type<QString>, "id"},
+                                       {type<QString>, "notificationMetadata"},
+                                       {type<QString>, "label"},
+                                       {type<QString>, "metadata"}}),
+          signal("send", {{type<QVariantMap>, "message"}}),
+          slot(QMetaMethod::Public, noValue, "onChildDestroyed", {{type<QObject*>, "child"}}),
+          slot(QMetaMethod::Public, noValue, "onResponse", {{type<QVariantMap>, "response"}})},
+         {},
+         {}},
+        {&PromptChoice::staticMetaObject,
+         "tamo::platform::PromptChoice",
+         &QObject::staticMetaObject,
+         {signal("labelChanged", {{type<QString>, "value"}}),
+          signal("metadataChanged", {{type<QString>, "value"}}),
+          signal("selected", {{type<QString>, "notificationMetadata"},
+                              {type<QString>, "choiceLabel"},
+                              {type<QString>, "choiceMetadata"}})},
+         {variable("label", type<QString>), variable("metadata", type<QString>)},
+         {}},
+        {&PromptChoicePrivate::staticMetaObject,
+         "tamo::platform::PromptChoicePrivate",
+         &QObject::staticMetaObject,
+         {slot(QMetaMethod::Public, noValue, "onSelectedBroadcast",
+               {{type<QString>, "id"},
+                {type<QString>, "notificationMetadata"},
+                {type<QString>, "label"},
+                {type<QString>, "metadata"}})},
+         {},
+         {}},
+        {&LedPpsChannel::staticMetaObject,
+         "tamomock::LedPpsChannel",
+         &QObject::staticMetaObject,
+         {signal("sendPassthrough", {{type<QVariantMap>, "map"}}),
+          signal("receivePassthrough", {{type<QVariantMap>, "map"}})},
+         {},
+         {}},
+        {&NotificationPpsChannel::staticMetaObject,
+         "tamomock::NotificationPpsChannel",
+         &QObject::staticMetaObject,
+         {signal("sendPassthrough", {{type<QVariantMap>, "map"}}),
+          signal("receivePassthrough", {{type<QVariantMap>, "map"}})},
+         {},
+         {}},
     };
     return table;
 }
@@ -261,6 +397,14 @@ TEST_P(MetaObject, HasItsEnumerationsInOrder)
     }
 }
 
+TEST_P(MetaObject, HasItsClassInfo)
+{
+    std::vector<std::pair<std::string, std::string>> classInfo;
+    for (int i = actual.classInfoOffset(); i < actual.classInfoCount(); ++i)
+        classInfo.emplace_back(actual.classInfo(i).name(), actual.classInfo(i).value());
+    EXPECT_EQ(classInfo, expected.classInfo);
+}
+
 std::string testName(const testing::TestParamInfo<Class>& info)
 {
     const std::string& name = info.param.name;
@@ -268,5 +412,28 @@ std::string testName(const testing::TestParamInfo<Class>& info)
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, MetaObject, testing::ValuesIn(classes()), testName);
+
+// What is written is what connections by name, and other languages, go by.
+TEST(MetaObjectSpelling, NamesEnumerationsInFull)
+{
+    const auto hasMethod = [](const QMetaObject& metaObject, const char* signature) {
+        return metaObject.indexOfMethod(signature) != -1;
+    };
+    EXPECT_TRUE(hasMethod(Led::staticMetaObject, "colorChanged(tamo::device::LedColor::Type)"));
+    EXPECT_TRUE(
+        hasMethod(Notification::staticMetaObject, "ledColorChanged(tamo::device::LedColor::Type)"));
+    EXPECT_TRUE(hasMethod(Notification::staticMetaObject,
+                          "textModeChanged(tamo::platform::NotificationTextMode::Type)"));
+
+    const auto typeName = [](const QMetaObject& metaObject, const char* property) {
+        return std::string(metaObject.property(metaObject.indexOfProperty(property)).typeName());
+    };
+    EXPECT_EQ(typeName(Led::staticMetaObject, "color"), "tamo::device::LedColor::Type");
+    EXPECT_EQ(typeName(Notification::staticMetaObject, "ledColor"), "tamo::device::LedColor::Type");
+    EXPECT_EQ(typeName(Notification::staticMetaObject, "textMode"),
+              "tamo::platform::NotificationTextMode::Type");
+    EXPECT_EQ(typeName(Notification::staticMetaObject, "choices"),
+              "QQmlListProperty<tamo::platform::PromptChoice>");
+}
 
 } // namespace
