@@ -13,6 +13,22 @@
 
 namespace tamobox {
 
+namespace {
+
+constexpr std::size_t longestName = 128; // bytes, as the screen library has it
+
+Display newDisplay(int id)
+{
+    Display display;
+    display.id = id;
+    display.name = "Display " + std::to_string(id);
+    display.width = 1920;
+    display.height = 1080;
+    return display;
+}
+
+} // namespace
+
 DisplayList DisplayList::builtIn()
 {
     Display display;
@@ -85,6 +101,37 @@ void DisplayList::rotate(std::optional<int> id, int rotation)
     if (!display.isAttached)
         throw Failure("the display " + std::to_string(display.id) + " is not attached");
     display.rotation = rotation;
+}
+
+void DisplayList::attach(const MessageReader& message)
+{
+    const std::optional<int> id = message.integer("id");
+    if (!id || *id < 1)
+        throw Failure("the display's id must be a whole number above 0");
+    const auto known = std::find_if(m_displays.begin(), m_displays.end(),
+                                    [id](const Display& candidate) { return candidate.id == *id; });
+    if (known != m_displays.end() && known->isAttached)
+        throw Failure("the display " + std::to_string(*id) + " is attached already");
+    Display display = known != m_displays.end() ? *known : newDisplay(*id);
+    changeDisplay(message, display);
+    if (display.name.size() > longestName)
+        throw Failure("the display's name must be at most " + std::to_string(longestName) +
+                      " bytes long");
+    display.isAttached = true;
+    if (known != m_displays.end())
+        *known = display;
+    else
+        m_displays.push_back(display);
+}
+
+void DisplayList::detach(int id)
+{
+    Display& display = find(id);
+    if (!display.isAttached)
+        throw Failure("the display " + std::to_string(id) + " is not attached");
+    if (!display.isDetachable)
+        throw Failure("the display " + std::to_string(id) + " cannot be detached");
+    display.isAttached = false;
 }
 
 Display& DisplayList::find(std::optional<int> id)

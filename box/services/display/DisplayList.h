@@ -4,6 +4,7 @@
 
 #include "Display.h"
 
+#include "pps/MessageReader.h"
 #include "pps/MessageWriter.h"
 
 #include <optional>
@@ -52,6 +53,25 @@ public:
      * another rotation than 0, 90, 180 or 270
      */
     void rotate(std::optional<int> id, int rotation);
+
+    /**
+     * Attaches a display. One that was there before comes back as it was; another one comes at the
+     * end of the list, as 1920 x 1080 pixels, external, detachable, "Display" and its number, of
+     * unknown physical size, at rotation 0. What the message says of it counts before that.
+     *
+     * @param message stands in an object of a display's members, of which `id` must be there
+     * @throws Failure, and nothing has changed: one of them is malformed, or the name is too long;
+     * it is attached already
+     */
+    void attach(const MessageReader& message);
+
+    /**
+     * Detaches a display; it stays in the list.
+     *
+     * @throws Failure, and nothing has changed: there is no such display, it is not attached, or
+     * not detachable
+     */
+    void detach(int id);
 
 private:
     Display& find(std::optional<int> id);

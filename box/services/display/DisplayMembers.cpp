@@ -37,6 +37,11 @@ constexpr std::array<BooleanMember, 2> booleanMembers = {{
     {"detachable", &Display::isDetachable},
 }};
 
+const char* whatIsRight(const NumberMember& member)
+{
+    return member.least == 1 ? "a whole number above 0" : "a whole number, 0 or above";
+}
+
 void check(bool isRight, const std::string& name, const char* what)
 {
     if (!isRight)
@@ -45,19 +50,18 @@ void check(bool isRight, const std::string& name, const char* what)
 
 } // namespace
 
-Display readDisplay(const MessageReader& message)
+void changeDisplay(const MessageReader& message, Display& display)
 {
-    Display display;
-    const std::string type = message.has("type") ? message.string("type").value_or("") : "external";
-    check(type == "internal" || type == "external", "type", "internal or external");
-    display.isInternal = type == "internal";
-    display.isDetachable = !display.isInternal;
+    if (message.has("type")) {
+        const std::string type = message.string("type").value_or("");
+        check(type == "internal" || type == "external", "type", "internal or external");
+        display.isInternal = type == "internal";
+    }
     for (const NumberMember& member : numberMembers) {
-        if (!member.isRequired && !message.has(member.name))
+        if (!message.has(member.name))
             continue;
         const std::optional<int> value = message.integer(member.name);
-        check(value && *value >= member.least, member.name,
-              member.least == 1 ? "a whole number above 0" : "a whole number, 0 or above");
+        check(value && *value >= member.least, member.name, whatIsRight(member));
         display.*member.value = *value;
     }
     check(display.rotation % 90 == 0 && display.rotation < 360, "rotation", "0, 90, 180 or 270");
@@ -73,6 +77,15 @@ Display readDisplay(const MessageReader& message)
         check(name.has_value(), "name", "a text");
         display.name = *name;
     }
+}
+
+Display readDisplay(const MessageReader& message)
+{
+    for (const NumberMember& member : numberMembers)
+        check(!member.isRequired || message.has(member.name), member.name, whatIsRight(member));
+    Display display;
+    display.isDetachable = message.string("type") != "internal";
+    changeDisplay(message, display);
     return display;
 }
 

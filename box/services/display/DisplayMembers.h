@@ -18,6 +18,14 @@ namespace tamobox {
  */
 Display readDisplay(const MessageReader& message);
 
+/**
+ * Reads those members that are there into a display; the others stay as they are.
+ *
+ * @param message as for readDisplay()
+ * @throws Failure where one is of another type or value; what the display is then, is not said
+ */
+void changeDisplay(const MessageReader& message, Display& display);
+
 /** Adds every member of a display to the object that is being written. */
 void writeDisplay(MessageWriter& message, const Display& display);
 

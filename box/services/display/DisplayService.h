@@ -15,7 +15,7 @@ namespace tamobox {
  * `/pps` only, so that the service, started again, goes on from there.
  *
  * Commands: `rotate` (`id`, which may be left out for the first internal display; `rotation`: 0,
- * 90, 180, 270).
+ * 90, 180, 270); `attach` (a display's members, `id` among them); `detach` (`id`).
  */
 class DisplayService
 {
@@ -26,6 +26,8 @@ private:
     using Outcome = ControlMailbox::Outcome;
 
     Outcome rotate(MessageReader& arguments);
+    Outcome attach(MessageReader& arguments);
+    Outcome detach(MessageReader& arguments);
     void publish(const DisplayList& list);
 
     Publisher m_displays;

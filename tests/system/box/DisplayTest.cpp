@@ -111,7 +111,99 @@ TEST_P(DisplayTest, TableShowsWhatIsUnusual)
     EXPECT_THAT(in(box, {"display", "list"}).output,
                 MatchesRegex("id .*\n12 +external +no +180 +10 x 20 +unknown +a.\\[31m.b\n"));
     EXPECT_THAT(in(box, {"display", "list"}).output, Not(HasSubstr("\x1b")));
-    EXPECT_THAT(run({"display"}), failsWith(2, "a command is missing; there are: list"));
+    EXPECT_THAT(run({"display"}),
+                failsWith(2, "a command is missing; there are: list, attach, detach"));
+}
+
+TEST_P(DisplayTest, AttachedAndDetachedDisplaysAreListedWhenTheCommandEnds)
+{
+    const Box box = startIdle();
+    EXPECT_THAT(in(box, {"display", "attach", "2"}), succeeds());
+    EXPECT_THAT(
+        in(box, {"display", "list"}).output,
+        HasSubstr("\n2          external  yes       0         1920 x 1080     unknown       "
+                  "Display 2\n"));
+    EXPECT_THAT(in(box, {"display", "detach", "2"}), succeeds());
+    EXPECT_THAT(list(box), HasSubstr("{\"id\":2,\"name\":\"Display 2\",\"type\":\"external\","
+                                     "\"attached\":false,"));
+    const Result again = in(box, {"display", "attach", "2", "--json", "--size", "1280x720",
+                                  "--physical-size", "160x90", "--name", "Wall", "--type",
+                                  "internal", "--rotation", "270", "--detachable", "false"});
+    EXPECT_THAT(again, succeeds());
+    EXPECT_EQ(again.output, "{\"id\":2,\"name\":\"Wall\",\"type\":\"internal\",\"attached\":true,"
+                            "\"detachable\":false,\"rotation\":270,\"width\":1280,\"height\":720,"
+                            "\"physicalWidth\":160,\"physicalHeight\":90}\n");
+    EXPECT_THAT(list(box), HasSubstr(again.output.substr(0, again.output.size() - 1)));
+    EXPECT_THAT(in(box, {"display", "attach", "3"}), succeeds());
+    const Result detached = in(box, {"display", "detach", "3", "--json"});
+    EXPECT_THAT(detached.output, StartsWith("{\"id\":3,\"name\":\"Display 3\""));
+    EXPECT_THAT(detached.output, HasSubstr("\"attached\":false"));
+}
+
+TEST_P(DisplayTest, WhatCannotBeAttachedOrDetachedIsSaidInOneSentence)
+{
+    const Box box = startIdle();
+    const std::string before = list(box);
+    EXPECT_THAT(in(box, {"display", "attach", "1"}), failsWith(1, "1 is attached already"));
+    EXPECT_THAT(in(box, {"display", "detach", "1"}), failsWith(1, "1 cannot be detached"));
+    EXPECT_THAT(in(box, {"display", "detach", "2"}),
+                failsWith(1, "there is no display 2; there are: 1"));
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--name", std::string(129, 'n')}),
+                failsWith(1, "name must be at most 128 bytes"));
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--name", "\xFF"}), failsWith(1, ""));
+    for (const char* id : {"0", "-1", "two", "2147483648", "1.5"})
+        EXPECT_THAT(in(box, {"display", "attach", id}), failsWith(2, ""));
+    for (const char* size : {"0x5", "5x-5", "5", "5x5x5", "2147483648x1"})
+        EXPECT_THAT(in(box, {"display", "attach", "2", "--size", size}),
+                    failsWith(2, "is no size; sizes are like 1920x1080"));
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--physical-size", "1x-1"}),
+                failsWith(2, "two whole numbers of 0 or above"));
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--rotation", "45"}), failsWith(2, "45"));
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--type", "big"}), failsWith(2, "big"));
+    EXPECT_THAT(in(box, {"display", "attach"}), failsWith(2, "id"));
+    EXPECT_THAT(in(box, {"display", "detach"}), failsWith(2, "id"));
+    EXPECT_EQ(list(box), before);
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--size", "2147483647x1"}), succeeds());
+    EXPECT_THAT(list(box), HasSubstr("\"width\":2147483647,\"height\":1,"));
+}
+
+TEST_P(DisplayTest, ServiceThatDiedKnowsItsDisplays)
+{
+    const Box box = startIdle();
+    EXPECT_THAT(in(box, {"display", "attach", "2", "--name", "Wall"}), succeeds());
+    EXPECT_THAT(in(box, {"display", "attach", "3"}), succeeds());
+    EXPECT_THAT(in(box, {"display", "detach", "3"}), succeeds());
+    const std::string before = list(box);
+    restart(box);
+    EXPECT_EQ(list(box), before);
+    EXPECT_THAT(in(box, {"display", "attach", "3"}), succeeds());
+    EXPECT_THAT(in(box, {"display", "detach", "2"}), succeeds());
+}
+
+TEST_P(DisplayTest, BoxesHaveTheirOwnDisplays)
+{
+    const Box one = startIdle();
+    const Box other = startIdle();
+    EXPECT_THAT(in(one, {"display", "attach", "2"}), succeeds());
+    EXPECT_THAT(list(one), HasSubstr("\"id\":2"));
+    EXPECT_THAT(list(other), Not(HasSubstr("\"id\":2")));
+}
+
+TEST_P(DisplayTest, WhereThereIsNoRoomForAnotherThatIsSaid)
+{
+    const Box box = startIdle();
+    std::string all = "displays:json:[";
+    for (int id = 1; all.size() < 1'000'000; ++id)
+        all +=
+            (id > 1 ? "," : "") + (R"({"id":)" + std::to_string(id) + R"(,"width":1,"height":1})");
+    EXPECT_THAT(in(box, {"pps", "set", displays, "-"}, "@displays\n" + all + "]\n"), succeeds());
+    const std::string before = list(box);
+    EXPECT_THAT(before, HasSubstr("\"id\":20000,"));
+    EXPECT_THAT(in(box, {"display", "attach", "999999"}),
+                failsWith(1, "there is no room for another display"));
+    EXPECT_EQ(list(box), before);
+    EXPECT_THAT(in(box, {"pps", "set", displays, "displays:json:[]"}), succeeds());
+    EXPECT_THAT(in(box, {"display", "attach", "2"}), succeeds());
 }
 
 BOX_TEST_USERS(DisplayTest);

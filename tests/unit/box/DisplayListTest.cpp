@@ -49,6 +49,33 @@ std::string complaintAboutRotation(DisplayList list, std::optional<int> id, int 
     return "none";
 }
 
+/** Attaches; what came of it. */
+std::string attach(DisplayList& list, const std::string& members)
+{
+    MessageReader message("@display\ndat:json:{" + members + "}\n");
+    EXPECT_TRUE(message.enter("@display") && message.enter("dat"));
+    const std::string before = written(list);
+    try {
+        list.attach(message);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(written(list), before);
+        return failure.what();
+    }
+    return "done";
+}
+
+std::string detach(DisplayList& list, int id)
+{
+    const std::string before = written(list);
+    try {
+        list.detach(id);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(written(list), before);
+        return failure.what();
+    }
+    return "done";
+}
+
 constexpr const char* plain = R"({"id":2,"width":10,"height":20})";
 
 TEST(DisplayListTest, BuiltInOneIsThePhonesFirst)
@@ -162,6 +189,91 @@ TEST(DisplayListTest, WrongRotationIsRefusedAndChangesNothing)
     EXPECT_EQ(complaintAboutRotation(listOf(R"({"id":2,"width":10,"height":20,"attached":false})"),
                                      2, 90),
               "the display 2 is not attached");
+}
+
+TEST(DisplayListTest, NewDisplayComesAtTheEndWithWhatIsSaidOfIt)
+{
+    DisplayList list = DisplayList::builtIn();
+    EXPECT_EQ(attach(list, R"("id":7)"), "done");
+    EXPECT_EQ(attach(list, R"("id":3,"name":"Wall","type":"internal","rotation":90,"width":1280,)"
+                           R"("height":720,"physicalWidth":160,"physicalHeight":90,)"
+                           R"("detachable":false)"),
+              "done");
+    ASSERT_EQ(list.displays().size(), 3u);
+    const Display& plainOne = list.displays()[1];
+    EXPECT_EQ(plainOne.id, 7);
+    EXPECT_EQ(plainOne.name, "Display 7");
+    EXPECT_EQ(std::pair(plainOne.width, plainOne.height), std::pair(1920, 1080));
+    EXPECT_EQ(std::pair(plainOne.physicalWidth, plainOne.physicalHeight), std::pair(0, 0));
+    EXPECT_FALSE(plainOne.isInternal);
+    EXPECT_TRUE(plainOne.isAttached);
+    EXPECT_TRUE(plainOne.isDetachable);
+    EXPECT_EQ(plainOne.rotation, 0);
+    const Display& wall = list.displays()[2];
+    EXPECT_EQ(wall.name, "Wall");
+    EXPECT_TRUE(wall.isInternal);
+    EXPECT_FALSE(wall.isDetachable);
+    EXPECT_EQ(wall.rotation, 90);
+    EXPECT_EQ(std::pair(wall.width, wall.height), std::pair(1280, 720));
+    EXPECT_EQ(std::pair(wall.physicalWidth, wall.physicalHeight), std::pair(160, 90));
+    EXPECT_EQ(written(DisplayList::fromMessage(written(list)).value()), written(list));
+}
+
+TEST(DisplayListTest, DetachedDisplayComesBackAsItWasButForWhatIsSaid)
+{
+    DisplayList list = DisplayList::builtIn();
+    EXPECT_EQ(attach(list, R"("id":2,"name":"Wall","width":1280,"height":720)"), "done");
+    EXPECT_EQ(detach(list, 2), "done");
+    ASSERT_EQ(list.displays().size(), 2u);
+    EXPECT_FALSE(list.displays()[1].isAttached);
+    EXPECT_EQ(attach(list, R"("id":2,"rotation":180)"), "done");
+    ASSERT_EQ(list.displays().size(), 2u);
+    const Display& display = list.displays()[1];
+    EXPECT_TRUE(display.isAttached);
+    EXPECT_EQ(display.name, "Wall");
+    EXPECT_EQ(display.width, 1280);
+    EXPECT_EQ(display.rotation, 180);
+}
+
+TEST(DisplayListTest, WrongAttachmentsAreRefusedAndChangeNothing)
+{
+    DisplayList list = DisplayList::builtIn();
+    EXPECT_EQ(attach(list, R"("id":1)"), "the display 1 is attached already");
+    for (const char* members : {R"("width":5)", R"("id":0)", R"("id":-1)", R"("id":1.5)",
+                                R"("id":"2")", R"("id":2147483648)"})
+        EXPECT_EQ(attach(list, members), "the display's id must be a whole number above 0");
+    for (const char* size : {"0", "-1", "1.5", "2147483648", "\"5\""}) {
+        const std::string value = std::string(":") + size;
+        EXPECT_EQ(attach(list, R"("id":2,"width")" + value),
+                  "the display's width must be a whole number above 0");
+        EXPECT_EQ(attach(list, R"("id":2,"height")" + value),
+                  "the display's height must be a whole number above 0");
+    }
+    EXPECT_EQ(attach(list, R"("id":2,"physicalWidth":-1)"),
+              "the display's physicalWidth must be a whole number, 0 or above");
+    EXPECT_EQ(attach(list, R"("id":2,"rotation":45)"),
+              "the display's rotation must be 0, 90, 180 or 270");
+    EXPECT_EQ(attach(list, R"("id":2,"type":"big")"),
+              "the display's type must be internal or external");
+    EXPECT_EQ(attach(list, R"("id":2,"detachable":1)"),
+              "the display's detachable must be true or false");
+    EXPECT_EQ(attach(list, R"("id":2,"name":7)"), "the display's name must be a text");
+    EXPECT_EQ(attach(list, R"("id":2,"name":")" + std::string(129, 'n') + '"'),
+              "the display's name must be at most 128 bytes long");
+    EXPECT_EQ(attach(list, R"("id":2,"name":")" + std::string(128, 'n') + '"'), "done");
+    EXPECT_EQ(attach(list, R"("id":2147483647,"width":2147483647,"height":1,"attached":false)"),
+              "done");
+    EXPECT_TRUE(list.displays().back().isAttached);
+}
+
+TEST(DisplayListTest, WhatCannotBeDetachedIsSaid)
+{
+    DisplayList list = DisplayList::builtIn();
+    EXPECT_EQ(detach(list, 1), "the display 1 cannot be detached");
+    EXPECT_EQ(detach(list, 2), "there is no display 2; there are: 1");
+    EXPECT_EQ(attach(list, R"("id":2)"), "done");
+    EXPECT_EQ(detach(list, 2), "done");
+    EXPECT_EQ(detach(list, 2), "the display 2 is not attached");
 }
 
 } // namespace
