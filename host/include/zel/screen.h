@@ -24,6 +24,10 @@ enum {
  * is attached, detached or turned from now on, one. Asking again for the same context and channel
  * changes nothing. They stop with screen_stop_events(), with the context, or with the channel.
  *
+ * While an event is handled, the display's properties are as it says, unless the context's displays
+ * are counted meanwhile. Changes that come faster than events are handled are told as one, or, where
+ * the display is then as it was, not at all.
+ *
  * @param context the context's handle, as a number
  *
  * Errors: as zel_channel_create(); EINVAL (no such context); ENOENT (there is no `/pps`); and those

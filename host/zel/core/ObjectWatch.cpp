@@ -103,7 +103,7 @@ bool ObjectWatch::keepsOn()
 bool ObjectWatch::ready(int)
 {
     // One message at a time: the next one is reported anew, and its event may be wanted first.
-    if (keepsOn())
+    if (!m_listener->isReady() || keepsOn())
         return true;
     m_channel.objects().erase(m_key); // the caller has this watch until it has left the set
     return false;

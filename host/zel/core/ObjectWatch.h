@@ -59,6 +59,12 @@ public:
      * @return false: the watch ends
      */
     virtual bool receive(ObjectMessage message, EventSink& events) = 0;
+
+    /**
+     * Whether the next message is to be read now. False, only while an event that it has pushed has
+     * not been handled: it is asked again.
+     */
+    virtual bool isReady() const { return true; }
 };
 
 /**

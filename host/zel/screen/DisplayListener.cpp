@@ -44,17 +44,19 @@ bool DisplayListener::receive(ObjectMessage message, EventSink& events)
     States states;
     if (const int error = read(message, states))
         return error != EINVAL; // which says that the context has gone
+    const auto reading = std::make_shared<char>();
+    m_reading = reading;
     for (const auto& [id, display] : states) {
         const auto before = m_known.find(id);
         const bool wasAttached = before != m_known.end() && before->second.isAttached;
         const bool isTurned =
             before != m_known.end() && before->second.rotation != display.rotation;
         if (display.isAttached != wasAttached || isTurned)
-            push(events, id, display.isAttached);
+            push(events, id, display.isAttached, reading);
     }
     for (const auto& [id, display] : m_known)
         if (display.isAttached && states.count(id) == 0)
-            push(events, id, false);
+            push(events, id, false, reading);
     m_known = std::move(states);
     return true;
 }
@@ -71,9 +73,10 @@ int DisplayListener::read(ObjectMessage message, States& states) const
     return error;
 }
 
-void DisplayListener::push(EventSink& events, int id, bool isAttached) const
+void DisplayListener::push(EventSink& events, int id, bool isAttached,
+                           std::shared_ptr<const void> reading) const
 {
-    auto event = std::make_unique<ScreenEvent>();
+    auto event = std::make_unique<ScreenEvent>(std::move(reading));
     const int error = event->make(m_context, id, isAttached);
     throwIfNoMemory(error);
     if (!error) // otherwise the context has just gone

@@ -8,13 +8,20 @@
 #include <DisplayFeed.h>
 #include <zel/screen.h>
 
+#include <memory>
+#include <utility>
+
 namespace zel {
 
 /** An event of the screen's domain; owns the screen library's. */
 class ScreenEvent final : public zel_event
 {
 public:
-    ScreenEvent() : zel_event(number(Domain::Screen), SCREEN_EVENT) {}
+    /** @param reading what it is made of; kept until it has been handled */
+    explicit ScreenEvent(std::shared_ptr<const void> reading)
+        : zel_event(number(Domain::Screen), SCREEN_EVENT), m_reading(std::move(reading))
+    {
+    }
     ~ScreenEvent() override { screen::feed::freeEvent(m_event); }
 
     /** Makes the screen library's event, once. 0 or an `errno` value of makeDisplayEvent(). */
@@ -26,6 +33,7 @@ public:
     screen_event_t event() const { return m_event; }
 
 private:
+    const std::shared_ptr<const void> m_reading;
     screen_event_t m_event = nullptr;
 };
 

@@ -132,6 +132,26 @@ TEST_F(ScreenWatchTest, PropertiesAreAsNewAsTheEvent)
     EXPECT_EQ(context.listed(2), displays); // the last count's, still
 }
 
+TEST_F(ScreenWatchTest, DisplaysAreAsEachEventSaysHoweverManyThereAre)
+{
+    publishDisplays(display(1));
+    request();
+    std::string attached = display(1);
+    std::string detached = display(1);
+    for (int id = 2; id <= 500; ++id) {
+        attached += ',' + display(id);
+        detached += ',' + display(id, R"(,"attached":false)");
+    }
+    publishDisplays(attached);
+    for (int i = 0; i < 2 * 499; ++i) {
+        const ScreenEventData data = events.next();
+        ASSERT_EQ(data.attached, i < 499 ? 1 : 0);
+        ASSERT_EQ(numberOf(data.display, SCREEN_PROPERTY_ATTACHED), data.attached) << i;
+        if (i == 0)
+            publishDisplays(detached);
+    }
+}
+
 TEST_F(ScreenWatchTest, EachContextGetsItsOwnEvents)
 {
     publishDisplays(display(1));
