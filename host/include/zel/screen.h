@@ -25,8 +25,8 @@ enum {
  * changes nothing. They stop with screen_stop_events(), with the context, or with the channel.
  *
  * While an event is handled, the display's properties are as it says, unless the context's displays
- * are counted meanwhile. Changes that come faster than events are handled are told as one, or, where
- * the display is then as it was, not at all.
+ * are counted meanwhile. Changes that come faster than events are handled are told as one, or not
+ * at all where the display is as it was.
  *
  * @param context the context's handle, as a number
  *
