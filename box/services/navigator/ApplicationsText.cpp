@@ -23,6 +23,8 @@ void writeApplication(MessageWriter& message, const WindowGroup& application)
         .add("angle", application.angle)
         .add("rotationLocked", application.rotationLocked)
         .add("swipeStart", application.wantsSwipeStart);
+    if (application.turningTo)
+        message.add("turningTo", *application.turningTo);
     if (application.badge)
         message.add("badge", *application.badge);
     if (application.closePrompt)
@@ -77,6 +79,7 @@ WindowGroup readApplication(MessageReader& reader)
     application.state = stateNamed(reader.string("state").value_or(""));
     application.active = reader.boolean("active").value_or(true);
     application.angle = reader.integer("angle").value_or(0);
+    application.turningTo = reader.integer("turningTo");
     application.rotationLocked = reader.boolean("rotationLocked").value_or(false);
     application.wantsSwipeStart = reader.boolean("swipeStart").value_or(false);
     application.badge = reader.integer("badge");

@@ -61,6 +61,7 @@ void NavigatorService::clientCame(pid_t process)
         known = m_applications.find(process);
     }
     known->listening = true;
+    m_turns.endCutOffTurn(*known);
     m_requests.applicationCame(process);
     publish();
     m_pending.tryAgain();

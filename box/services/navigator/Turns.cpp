@@ -127,6 +127,19 @@ bool Turns::judge(QuestionLedger::Kind kind, pid_t process, const std::string& i
     return m_current.has_value();
 }
 
+void Turns::endCutOffTurn(WindowGroup& application)
+{
+    const bool isUnderWay = m_current && m_current->process == application.process;
+    if (!application.turningTo || isUnderWay)
+        return;
+    application.angle = *application.turningTo;
+    application.turningTo.reset();
+    m_surroundings.complaints.add("the turn of " + application.group +
+                                  " was cut off, and has ended at " +
+                                  std::to_string(application.angle));
+    tell(application, angleEvent(EventCode::OrientationEnd, application.angle));
+}
+
 void Turns::applicationGone(pid_t process)
 {
     if (!m_current || m_current->process != process)
@@ -161,12 +174,21 @@ void Turns::enterStage(Stage stage)
         m_display.turn(m_current->angle);
         break;
     case Stage::Orientation:
+        setTurning(m_current->angle);
         ask(QuestionLedger::Kind::Orientation, EventCode::Orientation);
         break;
     case Stage::Finished:
         finish();
         break;
     }
+}
+
+// Published before the application is told, so that whoever takes over knows.
+void Turns::setTurning(int angle)
+{
+    if (WindowGroup* const application = m_surroundings.applications.find(m_current->process))
+        application->turningTo = angle;
+    m_surroundings.publish();
 }
 
 void Turns::ask(QuestionLedger::Kind kind, EventCode code)
@@ -201,6 +223,7 @@ void Turns::finish()
 void Turns::tellEnd(const Current& ended, WindowGroup& application)
 {
     const TurnReport& report = ended.turn.report();
+    application.turningTo.reset();
     if (report.done == "done")
         application.angle = ended.angle;
     const int angle = report.turned ? ended.angle : application.angle;

@@ -58,6 +58,12 @@ public:
     void answerCheck(pid_t process, const std::string& id, bool accepted);
     void answerOrientation(pid_t process, const std::string& id);
 
+    /**
+     * Ends the turn that an application was in when the service ended before this one: the display
+     * has been turned, and nobody waits for its answer any more. Nothing where it was in none.
+     */
+    void endCutOffTurn(WindowGroup& application);
+
     /** A process has ended, or does not listen any longer. */
     void applicationGone(pid_t process);
 
@@ -91,6 +97,7 @@ private:
     void ask(QuestionLedger::Kind kind, EventCode code);
     bool judge(QuestionLedger::Kind kind, pid_t process, const std::string& id);
     void finish();
+    void setTurning(int angle);
     void tellEnd(const Current& ended, WindowGroup& application);
     void answerCommand(const Current& ended);
     void tell(const WindowGroup& application, const NavigatorEvent& event);

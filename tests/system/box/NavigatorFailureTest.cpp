@@ -199,6 +199,28 @@ TEST_P(NavigatorFailureTest, CommandFailsWhereTheServiceIsKilledMeanwhile)
     EXPECT_EQ(rotate->errors(), "tamo-box: the service at /pps/box/navigator does not answer\n");
 }
 
+TEST_P(NavigatorFailureTest, TurnThatIsCutOffEndsWithTheNextService)
+{
+    const Box box = startNavigated({"ignore=orientation"});
+    const Navigated application = applicationOf(box);
+    const auto rotate = begin(box, {"rotate", "90", "--limit", "1h"});
+    ASSERT_TRUE(box.launcher->printed("msg::orientation,angle:n:90"));
+    EXPECT_THAT(applicationsWith(box, "turningTo"), HasSubstr("\"turningTo\":90"));
+    box.signal("navigator-servi", SIGKILL);
+    EXPECT_TRUE(box.launcher->printed("msg::orientationEnd,angle:n:90\n"));
+    EXPECT_TRUE(box.launcher->complained("the turn of " + application.group +
+                                         " was cut off, and has ended at 90\n"));
+    EXPECT_EQ(rotate->wait(), 1);
+    const std::string applications = in(box, {"navigator", "--json"}).output;
+    EXPECT_THAT(applications, HasSubstr("\"angle\":90"));
+    EXPECT_THAT(applications, Not(HasSubstr("turningTo")));
+    // What it answers to a service that is gone counts for nothing.
+    have(box, application,
+         "msg::orientationDone,id::" + valueIn(application, "msg::orientation,", "id"));
+    EXPECT_TRUE(box.launcher->complained("the answer "));
+    EXPECT_EQ(countOf(box.launcher->output(), "orientationEnd"), 1);
+}
+
 BOX_TEST_USERS(NavigatorFailureTest);
 
 } // namespace
