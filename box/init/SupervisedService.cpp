@@ -29,7 +29,7 @@ void SupervisedService::start()
                                                 HelperProcess::Privilege::None,
                                                 [this](const std::string& line) {
                                                     m_lastLine = line;
-                                                    if (isReady())
+                                                    if (m_wasReady || isReady())
                                                         m_note(line);
                                                 });
 }
