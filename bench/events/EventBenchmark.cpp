@@ -15,6 +15,7 @@
 
 #include <tamo/Application.h>
 #include <tamo/Navigator.h>
+#include <tamo/system/NetworkStatusManager.h>
 
 #include <zel/navigator.h>
 
@@ -29,6 +30,7 @@ namespace tamobench {
 namespace {
 
 using tamo::Navigator;
+using tamo::system::NetworkStatusManager;
 
 constexpr std::size_t thumbnailSize = 64;
 constexpr int runs = 7;
@@ -102,6 +104,18 @@ public:
         checks.enter("event pushed to slot run", event);
         checks.fight();
         checks.report(report, "rotation check to answer sent", {{Target::AtMost, 1.5}});
+
+        // Each report is another than the one before, so that each is a folded signal.
+        bool isAvailable = false;
+        const auto network = [&] {
+            isAvailable = !isAvailable;
+            return m_main.time(1, [&] { m_platform.pushReport(isAvailable); });
+        };
+        Duel networks;
+        networks.enter("report", network);
+        networks.enter("event pushed to slot run", event);
+        networks.fight();
+        networks.report(report, "network's report to folded signal", {{Target::AtMost, 1.3}});
 
         Duel thumbnails;
         thumbnails.enter("thumbnail",
@@ -241,6 +255,11 @@ void measure(Report& report)
     const Navigator* const navigator = Navigator::getInstance();
     QObject::connect(navigator, &Navigator::swipeDown, &main, [&] { main.reached(); });
     QObject::connect(navigator, &Navigator::thumbnail, &main, [&] { main.reached(); });
+    const NetworkStatusManager* const network = NetworkStatusManager::getInstance();
+    QObject::connect(network, &NetworkStatusManager::externalNetworkConnected, &main,
+                     [&] { main.reached(); });
+    QObject::connect(network, &NetworkStatusManager::externalNetworkDisconnected, &main,
+                     [&] { main.reached(); });
     mailbox.awaitApplication();
 
     Measurement measurement(platform, main, answer, mailbox, bare);

@@ -4,6 +4,7 @@
 #include <tamomock/ZelApi.h>
 #include <tamomock/ZelCoreImpl.h>
 #include <tamomock/ZelNavigatorImpl.h>
+#include <tamomock/ZelNetStatusImpl.h>
 
 #include <chrono>
 #include <stdexcept>
@@ -49,11 +50,22 @@ private:
     EventPlatform& m_platform;
 };
 
+// What is pushed has its state in the payload.
+class EventPlatform::NetStatus : public tamomock::ZelNetStatusImpl
+{
+public:
+    bool eventGetAvailability(const zel_event_t* event) override
+    {
+        return zel_event_get_payload(event)->data1 != 0;
+    }
+};
+
 EventPlatform::EventPlatform()
 {
     auto domains = tamomock::ZelApi::defaultDomains();
     domains.core = std::make_unique<Core>(*this);
     domains.navigator = std::make_unique<Navigator>(*this);
+    domains.netStatus = std::make_unique<NetStatus>();
     m_api = std::make_unique<tamomock::ZelApi>(std::move(domains));
     tamomock::ZelApi::setInstance(m_api.get());
 }
@@ -65,8 +77,19 @@ EventPlatform::~EventPlatform()
 
 void EventPlatform::push(int code)
 {
+    push(navigator_get_domain(), code, nullptr);
+}
+
+void EventPlatform::pushReport(bool isAvailable)
+{
+    const zel_event_payload_t payload = {isAvailable ? 1U : 0U, 0, 0};
+    push(netstatus_get_domain(), NETSTATUS_INFO, &payload);
+}
+
+void EventPlatform::push(int domain, int code, const zel_event_payload_t* payload)
+{
     zel_event_t* event = nullptr;
-    if (zel_event_create(&event, navigator_get_domain(), code, nullptr, nullptr) != 0)
+    if (zel_event_create(&event, domain, code, payload, nullptr) != 0)
         throw std::runtime_error("zel_event_create failed");
     if (zel_channel_push_event(m_channel, event) != 0) {
         zel_event_destroy(event);

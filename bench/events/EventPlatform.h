@@ -2,6 +2,8 @@
 #ifndef TAMO_BENCH_EVENTPLATFORM_H
 #define TAMO_BENCH_EVENTPLATFORM_H
 
+#include <zel/zel.h>
+
 #include <atomic>
 #include <condition_variable>
 #include <functional>
@@ -30,6 +32,9 @@ public:
     /** Pushes an event of the navigator's to the dispatch thread's channel; from any thread. */
     void push(int code);
 
+    /** Pushes a report of the network's likewise. */
+    void pushReport(bool isAvailable);
+
     /** Waits until the dispatch thread has been stopped this often. */
     void awaitStops(long count);
 
@@ -39,7 +44,9 @@ public:
 private:
     class Core;
     class Navigator;
+    class NetStatus;
 
+    void push(int domain, int code, const zel_event_payload_t* payload);
     void stopped();
 
     std::unique_ptr<tamomock::ZelApi> m_api;
