@@ -28,6 +28,16 @@ int openError(int error)
                : error;
 }
 
+/** A read that a signal does not end; room is left for a terminator. */
+ssize_t readInto(std::vector<char>& buffer, int descriptor)
+{
+    ssize_t length = 0;
+    do
+        length = ::read(descriptor, buffer.data(), buffer.size() - 1);
+    while (length < 0 && errno == EINTR);
+    return length;
+}
+
 } // namespace
 
 void EventSink::push(std::unique_ptr<zel_event> event)
@@ -48,13 +58,13 @@ ObjectWatch::ObjectWatch(Channel& channel, std::pair<Domain, std::uintptr_t> key
 ObjectWatch::Reading ObjectWatch::read(ObjectMessage& message)
 {
     std::vector<char>& buffer = m_channel.messageBuffer();
-    ssize_t length = ::read(m_descriptor.get(), buffer.data(), buffer.size() - 1);
+    ssize_t length = readInto(buffer, m_descriptor.get());
     while (length < 0 && errno == EMSGSIZE && buffer.size() < Channel::LargestMessageBuffer) {
         buffer.resize(2 * buffer.size());
-        length = ::read(m_descriptor.get(), buffer.data(), buffer.size() - 1);
+        length = readInto(buffer, m_descriptor.get());
     }
     if (length < 0) {
-        if (errno == EAGAIN || errno == EINTR)
+        if (errno == EAGAIN)
             return Reading::Nothing;
         say(Level::Unreadable, "%s: %s", m_path.c_str(), std::strerror(errno));
         return Reading::End;
