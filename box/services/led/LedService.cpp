@@ -97,10 +97,9 @@ void LedService::restore()
     const std::size_t lost = m_schedule.removeIf([this](const LedRequest& request) {
         return !m_mailbox.isThere(request.client, request.process);
     });
-    Complaints::write("goes on with " + std::to_string(m_schedule.state().requests.size()) +
-                      " requests; " + std::to_string(lost) +
-                      " have ended with their applications, and what was asked for meanwhile is "
-                      "lost");
+    Complaints::write("requests that go on: " + std::to_string(m_schedule.state().requests.size()) +
+                      ", that ended with their applications: " + std::to_string(lost) +
+                      "; what was asked for meanwhile is lost");
 }
 
 void LedService::goOn()

@@ -31,10 +31,10 @@ NotificationService::NotificationService(EventLoop& loop)
         return !m_mailbox.isThere(notification.client, notification.process);
     });
     const NotificationList& list = m_board.list();
-    Complaints::write("goes on with " + std::to_string(list.all().size()) + " notifications, " +
-                      std::to_string(list.gone().size()) +
-                      " of them of applications that have gone; what was posted or withdrawn "
-                      "meanwhile is lost");
+    Complaints::write(
+        "notifications that were kept: " + std::to_string(list.all().size()) +
+        ", of them of applications that have gone: " + std::to_string(list.gone().size()) +
+        "; what was posted or withdrawn meanwhile is lost");
     m_board.expireDue();
 }
 

@@ -232,7 +232,7 @@ TEST_P(LedTest, ServiceThatWasKilledGoesOnWithWhatTheClientsThatAreThereHadAsked
     box.signal("led-service", SIGKILL);
     EXPECT_TRUE(box.launcher->complained("led-service ended by signal 9; started again\n"));
     EXPECT_TRUE(box.launcher->complained(
-        "led-service: goes on with 1 requests; 1 have ended with their applications, and what was "
+        "led-service: requests that go on: 1, that ended with their applications: 1; what was "
         "asked for meanwhile is lost\n"));
     const std::string red = status("on", "off", "off");
     EXPECT_TRUE(watcher->printed(dark + red + dark + red));
