@@ -18,3 +18,10 @@ cmake -S "$SOURCE/examples/battery-monitor" -B "$SCRATCH/application" \
     -DCMAKE_PREFIX_PATH="$SCRATCH/prefix;$PREFIX"
 cmake --build "$SCRATCH/application"
 says_that_nothing_is_known env LD_LIBRARY_PATH="$PREFIX/$LIBDIR" "$SCRATCH/application/battery-monitor"
+
+# The seams' headers use the platform's, which lies in another prefix.
+echo '#include <tamomock/ScreenApi.h>
+#include <tamomock/ZelApi.h>' >"$SCRATCH/seams.cpp"
+export PKG_CONFIG_PATH=$SCRATCH/prefix/$LIBDIR/pkgconfig
+# shellcheck disable=SC2046 # words are wanted
+"$CXX" -std=c++17 -fsyntax-only $(pkg-config --cflags tamo) "$SCRATCH/seams.cpp"
