@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // An application that follows the displays and reports what it finds and hears, one line each.
-// `displays` runs until it is ended; `displays churn N` publishes N changes of display 2 by itself,
-// reads it meanwhile, and ends; `displays again N` does so with one manager after the other.
+// It runs until it is ended. `displays churn N` publishes N changes of display 2 by itself before,
+// and reads it meanwhile; `displays again N` makes N managers, one after the other, meanwhile.
 #include <tamo/Application.h>
 #include <tamo/Exception.h>
 #include <tamo/device/Display.h>
@@ -148,7 +148,7 @@ try {
     const std::string mode = argc > 2 ? argv[1] : "";
     if (!mode.empty()) {
         (mode == "churn" ? churn : beginAgain)(std::stoi(argv[2]));
-        return 0;
+        return application.exec();
     }
     DisplayManager manager;
     report("primary " + std::to_string(manager.primaryDisplayId()));
