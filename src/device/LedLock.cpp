@@ -32,7 +32,8 @@ LedLock::Shared& LedLock::shared()
 
 LedLock::Thread* LedLock::acquire()
 {
-    static thread_local Thread self;
+    // Found without a call of the loader.
+    static thread_local Thread self __attribute__((tls_model("initial-exec")));
     std::unique_lock lock(shared().mutex);
     self.wanted = this;
     shared().givenBack.wait(lock, [this] { return !m_holder || waitsFor(&self); });
