@@ -18,8 +18,8 @@ const std::string setting = "NavigatorPrivate::setAllowedOrientation - ";
 const std::string checking = "NavigatorPrivate::handleOrientationCheck - ";
 const std::string badAngle = "NavigatorPrivate::isDisplayLandscapeForAngle: exlpode";
 
-constexpr Display portrait{0, 600, 1024};
-constexpr Display landscape{0, 1024, 600};
+const Display portrait{0, 600, 1024};
+const Display landscape{0, 1024, 600};
 
 // The last ones are nobody's values.
 const int allowedValues[] = {Navigator::AllowNone,
