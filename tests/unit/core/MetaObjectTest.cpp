@@ -12,6 +12,8 @@
 #include <tamo/PpsAccessor.h>
 #include <tamo/PpsObject.h>
 #include <tamo/device/BatteryInfo.h>
+#include <tamo/device/Display.h>
+#include <tamo/device/DisplayManager.h>
 #include <tamo/system/NetworkStatus.h>
 
 #include <QMetaEnum>
@@ -37,6 +39,8 @@ using tamo::PpsAccessorPrivate;
 using tamo::PpsObject;
 using tamo::device::BatteryInfo;
 using tamo::device::BatteryInfoPrivate;
+using tamo::device::Display;
+using tamo::device::DisplayManager;
 using tamo::device::Led;
 using tamo::device::LedColor;
 using tamo::device::LedPrivate;
@@ -195,6 +199,27 @@ const std::vector<Class>& classes()
          "tamo::device::detail::PpsHelper",
          &QObject::staticMetaObject,
          {signal("received", {{type<QVariantMap>, "ppsData"}})},
+         {},
+         {}},
+        {&Display::staticMetaObject,
+         "tamo::device::Display",
+         &QObject::staticMetaObject,
+         {signal("attachedChanged", {{type<bool>, "attached"}})},
+         {{"displayId", type<int>, false, false, false, ""},
+          {"displayName", type<QString>, false, false, false, ""},
+          {"pixelSize", type<QSize>, false, false, false, ""},
+          {"physicalSize", type<QSizeF>, false, false, false, ""},
+          {"aspectType", type<Display::AspectType>, false, false, false, ""},
+          {"displayType", type<Display::DisplayType>, false, false, false, ""},
+          {"attached", type<bool>, false, false, false, "attachedChanged"},
+          {"detachable", type<bool>, false, false, false, ""}},
+         {{"AspectType", false, {{"Landscape", 0}, {"Portrait", 1}, {"Square", 2}}},
+          {"DisplayType", false, {{"DisplayTypeInternal", 0}, {"DisplayTypeExternal", 1}}}}},
+        {&DisplayManager::staticMetaObject,
+         "tamo::device::DisplayManager",
+         &QObject::staticMetaObject,
+         {signal("displayAttached", {{type<int>, "displayId"}}),
+          signal("displayDetached", {{type<int>, "displayId"}})},
          {},
          {}},
         {&NetworkStatus::staticMetaObject,
