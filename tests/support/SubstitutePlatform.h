@@ -22,9 +22,10 @@ namespace tamotest {
 
 /**
  * A platform for the library under test, in both seams from its construction to its destruction:
- * the event library, the navigator, the network status and the screen library. Objects of the library are made while it
- * is there, and are gone before it; so a test that makes a tamo::Application, and the Navigator
- * that lives for ever, makes one platform for the whole process (see shared()).
+ * the event library, the navigator, the network status and the screen library. Objects of the
+ * library are made while it is there, and are gone before it; so a test that makes a
+ * tamo::Application, and the Navigator that lives for ever, makes one platform for the whole
+ * process (see shared()).
  *
  * Domains beyond these are SubstituteProvider objects of the test's own.
  */
