@@ -2,7 +2,6 @@
 #include <tamo/platform/Notification.h>
 
 #include "NotificationPrivate.h"
-#include "core/Change.h"
 #include "core/ThreadChange.h"
 
 #include <QtCore/QChildEvent>
@@ -14,7 +13,6 @@ namespace tamo {
 namespace platform {
 
 using device::LedColor;
-using tamo::detail::change;
 
 namespace {
 
@@ -72,7 +70,7 @@ QString Notification::body() const
 
 void Notification::setBody(const QString& body)
 {
-    if (change(d->body, body))
+    if (d->set(d->body, body))
         Q_EMIT bodyChanged(body);
 }
 
@@ -88,7 +86,7 @@ LedColor::Type Notification::ledColor() const
 
 void Notification::setLedColor(LedColor::Type color)
 {
-    if (change(d->ledColor, color))
+    if (d->set(d->ledColor, color))
         Q_EMIT ledColorChanged(color);
 }
 
@@ -104,7 +102,7 @@ NotificationTextMode::Type Notification::textMode() const
 
 void Notification::setTextMode(NotificationTextMode::Type mode)
 {
-    if (change(d->textMode, mode))
+    if (d->set(d->textMode, mode))
         Q_EMIT textModeChanged(mode);
 }
 
@@ -120,7 +118,7 @@ QDateTime Notification::time() const
 
 void Notification::setTime(const QDateTime& time)
 {
-    if (change(d->time, time))
+    if (d->set(d->time, time))
         Q_EMIT timeChanged(time);
 }
 
@@ -137,7 +135,7 @@ int Notification::duration() const
 void Notification::setDuration(int seconds)
 {
     const int duration = std::clamp(seconds, 0, secondsPerYear);
-    if (change(d->duration, duration))
+    if (d->set(d->duration, duration))
         Q_EMIT durationChanged(duration);
 }
 
@@ -153,7 +151,7 @@ QUrl Notification::icon() const
 
 void Notification::setIcon(const QUrl& icon)
 {
-    if (change(d->icon, icon))
+    if (d->set(d->icon, icon))
         Q_EMIT iconChanged(icon);
 }
 
@@ -169,7 +167,7 @@ QString Notification::sound() const
 
 void Notification::setSound(const QString& sound)
 {
-    if (change(d->sound, sound))
+    if (d->set(d->sound, sound))
         Q_EMIT soundChanged(sound);
 }
 
@@ -185,7 +183,7 @@ QString Notification::metadata() const
 
 void Notification::setMetadata(const QString& metadata)
 {
-    if (change(d->metadata, metadata))
+    if (d->set(d->metadata, metadata))
         Q_EMIT metadataChanged(metadata);
 }
 
@@ -229,11 +227,9 @@ PromptChoice* Notification::promptChoiceAt(int index) const
 ChoiceList Notification::qmlPromptChoices()
 {
     ChoiceList list(this, nullptr, appendToList, countOfList, elementOfList, clearList);
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     // Qt would make these of clearing and appending, and cleared choices are deleted.
     list.replace = nullptr;
     list.removeLast = nullptr;
-#endif
     return list;
 }
 

@@ -31,17 +31,32 @@ QVariant valueIf(bool condition, const Value& value)
     return condition ? QVariant(value) : QVariant();
 }
 
-QVariant timeText(qint64 millisecondsSinceEpoch)
-{
-    return QString::number(millisecondsSinceEpoch);
-}
-
 QVariant expirationTime(Source d)
 {
     constexpr qint64 millisecondsPerSecond = 1000;
     if (d.duration == 0)
         return QVariant();
-    return timeText(QDateTime::currentMSecsSinceEpoch() + d.duration * millisecondsPerSecond);
+    return QString::number(QDateTime::currentMSecsSinceEpoch() +
+                           d.duration * millisecondsPerSecond);
+}
+
+/** The id of the notification that a response is for. Every notification of the process is handed
+ * the same response, one after the other, and it is looked up for the first of them. */
+const QString& addresseeOf(const QVariantMap& response)
+{
+    struct Last
+    {
+        QVariantMap response; // kept, so that no other one takes its place in memory
+        QString id;
+    };
+    static thread_local Last last;
+    if (!last.response.isSharedWith(response)) {
+        const QVariantMap& control = memberMap(response, QStringLiteral("@control"));
+        const QVariantMap& dat = memberMap(control, QStringLiteral("dat"));
+        last.id = dat.value(QStringLiteral("id")).toString();
+        last.response = response;
+    }
+    return last.id;
 }
 
 QVariant iconPath(Source d)
@@ -49,13 +64,18 @@ QVariant iconPath(Source d)
     return d.icon.isValid() && d.icon.isLocalFile() ? d.icon.toLocalFile() : QVariant();
 }
 
+QVariant timeText(Source d)
+{
+    return d.time.isNull() ? QVariant() : QString::number(d.time.toMSecsSinceEpoch());
+}
+
+/** What a Notify message holds. */
 struct Notify
 {
-    // By name, which is the order of the map that is made of it.
-    const Entry entries[11] = {
+    /** Made anew when a value has changed. */
+    const Entry lasting[9] = {
         {QStringLiteral("context"),
          [](Source d) { return valueIf(!d.metadata.isNull(), d.metadata); }},
-        {QStringLiteral("expirationTime"), expirationTime},
         {QStringLiteral("htmlText"),
          [](Source d) { return valueIf(d.textMode == NotificationTextMode::RichText, d.body); }},
         {QStringLiteral("iconUrl"), iconPath},
@@ -65,14 +85,15 @@ struct Notify
              return valueIf(d.ledColor != device::LedColor::None, static_cast<int>(d.ledColor));
          }},
         {QStringLiteral("notifyOnInvoke"), [](Source) { return QVariant(true); }},
-        {QStringLiteral("promptChoices"), [](Source d) { return d.describeChoices(); }},
         {QStringLiteral("soundUrl"), [](Source d) { return valueIf(!d.sound.isNull(), d.sound); }},
         {QStringLiteral("text"),
          [](Source d) { return valueIf(d.textMode != NotificationTextMode::RichText, d.body); }},
-        {QStringLiteral("time"),
-         [](Source d) {
-             return d.time.isNull() ? QVariant() : timeText(d.time.toMSecsSinceEpoch());
-         }},
+        {QStringLiteral("time"), timeText},
+    };
+    /** Made anew for each message. */
+    const Entry momentary[2] = {
+        {QStringLiteral("expirationTime"), expirationTime},
+        {QStringLiteral("promptChoices"), [](Source d) { return d.describeChoices(); }},
     };
 };
 
@@ -126,9 +147,17 @@ NotificationPrivate::~NotificationPrivate()
 
 void NotificationPrivate::notify()
 {
-    static const auto& message = *new Notify;
-    Q_EMIT send(
-        requestMessage(QStringLiteral("Notify"), tamo::detail::entriesOf(message.entries, *this)));
+    static const auto& table = *new Notify;
+    QMutexLocker locker(&choicesMutex);
+    if (isStale) {
+        arguments.clear();
+        tamo::detail::setEntries(arguments, table.lasting, *this);
+        isStale = false;
+    }
+    tamo::detail::setEntries(arguments, table.momentary, *this);
+    const QVariantMap message = requestMessage(QStringLiteral("Notify"), arguments);
+    locker.unlock();
+    Q_EMIT send(message);
 }
 
 void NotificationPrivate::cancel()
@@ -174,7 +203,7 @@ QVariant NotificationPrivate::describeChoices() const
     QVariantList descriptions;
     descriptions.reserve(promptChoices.size());
     for (const PromptChoice* const choice : promptChoices)
-        descriptions.append(choice->d->description());
+        descriptions.append(choice->d->description);
     return descriptions;
 }
 
@@ -193,11 +222,11 @@ void NotificationPrivate::onChildDestroyed(QObject* child)
 
 void NotificationPrivate::onResponse(const QVariantMap& response)
 {
+    // Each notification of the process gets the answers for all.
+    if (addresseeOf(response) != id)
+        return;
     const QVariantMap& control = memberMap(response, QStringLiteral("@control"));
     const QVariantMap& dat = memberMap(control, QStringLiteral("dat"));
-    // Each notification of the process gets the answers for all.
-    if (dat.value(QStringLiteral("id")).toString() != id)
-        return;
     const QString msg = control.value(QStringLiteral("msg")).toString();
     const QString context = dat.value(QStringLiteral("context")).toString();
     const auto* const answer = std::find_if(std::begin(answers), std::end(answers),

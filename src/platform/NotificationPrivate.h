@@ -2,6 +2,8 @@
 #ifndef TAMO_PLATFORM_NOTIFICATIONPRIVATE_H
 #define TAMO_PLATFORM_NOTIFICATIONPRIVATE_H
 
+#include "core/Change.h"
+
 #include <tamo/platform/Notification.h>
 #include <tamomock/NotificationPpsChannel.h>
 
@@ -30,6 +32,14 @@ public:
     void notify();
     void cancel();
 
+    /** Sets one of the values. Returns whether that changes it. */
+    template<typename Value>
+    bool set(Value& field, const Value& value)
+    {
+        isStale = true;
+        return tamo::detail::change(field, value);
+    }
+
     void attach(PromptChoice* choice);
     void clear();
     /** What the choices are in a Notify message; invalid where there are none. */
@@ -46,7 +56,8 @@ public:
     int duration = 0;
     QUrl icon;
     QString sound;
-    /** Over the choices. A choice that is attached enters once more, as the child that it becomes.
+    /** Over the choices, and over the making of a message. A choice that is attached enters once
+     * more, as the child that it becomes.
      */
     mutable QRecursiveMutex choicesMutex;
     QList<PromptChoice*> promptChoices;
@@ -64,7 +75,11 @@ public Q_SLOTS:
 
 private:
     void detach(QObject* child);
-    void onAcknowledgement(const QVariantMap& dat, const QString& context);
+
+    /** What the last Notify message held, kept so that the next one is not made from nothing. */
+    QVariantMap arguments;
+    /** Whether a value has changed since. */
+    bool isStale = true;
 };
 
 } // namespace platform

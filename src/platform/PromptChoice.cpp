@@ -30,7 +30,9 @@ QString PromptChoice::label() const
 
 void PromptChoice::setLabel(const QString& label)
 {
-    if (change(d->label, label))
+    const bool changes = change(d->label, label);
+    d->describe();
+    if (changes)
         Q_EMIT labelChanged(label);
 }
 
@@ -46,7 +48,9 @@ QString PromptChoice::metadata() const
 
 void PromptChoice::setMetadata(const QString& metadata)
 {
-    if (change(d->metadata, metadata))
+    const bool changes = change(d->metadata, metadata);
+    d->describe();
+    if (changes)
         Q_EMIT metadataChanged(metadata);
 }
 

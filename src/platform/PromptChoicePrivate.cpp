@@ -13,7 +13,6 @@ using Source = const PromptChoicePrivate&;
 
 struct Description
 {
-    // By name, which is the order of the map that is made of it.
     const Entry entries[3] = {
         {QStringLiteral("context"),
          [](Source choice) {
@@ -26,12 +25,15 @@ struct Description
 
 } // namespace
 
-PromptChoicePrivate::PromptChoicePrivate(PromptChoice* choice) : q(choice) {}
-
-QVariantMap PromptChoicePrivate::description() const
+PromptChoicePrivate::PromptChoicePrivate(PromptChoice* choice) : q(choice)
 {
-    static const auto& description = *new Description;
-    return tamo::detail::entriesOf(description.entries, *this);
+    describe();
+}
+
+void PromptChoicePrivate::describe()
+{
+    static const auto& table = *new Description;
+    tamo::detail::setEntries(description, table.entries, *this);
 }
 
 void PromptChoicePrivate::onSelectedBroadcast(const QString& choiceId,

@@ -21,13 +21,15 @@ class PromptChoicePrivate : public QObject
 public:
     explicit PromptChoicePrivate(PromptChoice* choice);
 
-    /** The choice as an element of a Notify message. */
-    QVariantMap description() const;
+    /** Makes the description of what the choice is now. */
+    void describe();
 
     PromptChoice* const q;
     const QString id = QUuid::createUuid().toString();
     QString label;
     QString metadata;
+    /** The choice as an element of a Notify message. */
+    QVariantMap description;
 
 public Q_SLOTS:
     void onSelectedBroadcast(const QString& id, const QString& notificationMetadata,

@@ -25,17 +25,17 @@ struct MessageEntry
     QVariant (*value)(const Source& source);
 };
 
-/** The entries of a table, those that are left out excepted. */
+/** Sets the entries of a table in a map, and takes out those that are left out. */
 template<class Table, class Source>
-QVariantMap entriesOf(const Table& table, const Source& source)
+void setEntries(QVariantMap& map, const Table& table, const Source& source)
 {
-    QVariantMap map;
     for (const auto& entry : table) {
-        QVariant value = entry.value(source);
+        const QVariant value = entry.value(source);
         if (value.isValid())
-            map.insert(map.cend(), entry.name, std::move(value));
+            map.insert(entry.name, value);
+        else
+            map.remove(entry.name);
     }
-    return map;
 }
 
 /** A map that is a member of another one, without copying it; an empty one where the member is not
