@@ -4,6 +4,7 @@
 #include "IdMatch.h"
 
 #include "common/Failure.h"
+#include "common/Printable.h"
 
 namespace tamobox {
 
@@ -13,7 +14,7 @@ std::string labelsOf(const Notification& notification)
 {
     std::string labels;
     for (const NotificationChoice& choice : notification.choices)
-        labels += (labels.empty() ? "'" : ", '") + choice.label + '\'';
+        labels += (labels.empty() ? "'" : ", '") + printable(choice.label) + '\'';
     return labels;
 }
 
@@ -34,7 +35,7 @@ std::size_t findChoice(const Notification& notification, const std::optional<std
                        const std::optional<std::string>& choiceId)
 {
     if (notification.choices.empty())
-        throw Failure(notification.id + " offers no choices; acknowledge it instead");
+        throw Failure(printable(notification.id) + " offers no choices; acknowledge it instead");
     std::vector<std::size_t> found;
     std::string ids;
     for (std::size_t i = 0; i < notification.choices.size(); ++i) {
@@ -44,14 +45,15 @@ std::size_t findChoice(const Notification& notification, const std::optional<std
         if (choiceId && choice.id == *choiceId)
             return i;
         found.push_back(i);
-        ids += (ids.empty() ? "" : ", ") + choice.id + " '" + choice.label + '\'';
+        ids += (ids.empty() ? "" : ", ") + printable(choice.id + " '" + choice.label + '\'');
     }
     if (found.empty())
-        throw Failure(notification.id + " has no choice" + describe(label, choiceId) +
+        throw Failure(printable(notification.id) + " has no choice" + describe(label, choiceId) +
                       "; there are: " + labelsOf(notification));
     if (found.size() > 1)
-        throw Failure(notification.id + " has " + std::to_string(found.size()) + " choices" +
-                      describe(label, choiceId) + "; name one with --choice-id: " + ids);
+        throw Failure(printable(notification.id) + " has " + std::to_string(found.size()) +
+                      " choices" + describe(label, choiceId) +
+                      "; name one with --choice-id: " + ids);
     return found[0];
 }
 

@@ -4,6 +4,7 @@
 #include "IdMatch.h"
 
 #include "common/Failure.h"
+#include "common/Printable.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ std::string idsOf(const std::vector<const Notification*>& notifications)
 {
     std::string ids;
     for (std::size_t i = 0; i < std::min(notifications.size(), mostNamed); ++i)
-        ids += (ids.empty() ? "" : ", ") + notifications[i]->id;
+        ids += (ids.empty() ? "" : ", ") + printable(notifications[i]->id);
     return notifications.size() > mostNamed ? ids + " ..." : ids;
 }
 

@@ -5,6 +5,7 @@
 #include "NotifyRequest.h"
 
 #include "common/Failure.h"
+#include "common/Printable.h"
 #include "services/RequestValues.h"
 
 #include <limits>
@@ -140,10 +141,11 @@ void NotificationService::choose(const Notification& notification, MessageReader
 std::string NotificationService::tell(const Notification& notification, const char* message,
                                       const Fill& fill)
 {
+    const std::string id = printable(notification.id);
     const std::string who =
         "its application, " + processText(notification.process, notification.application) + ',';
     if (notification.isGone)
-        return notification.id + " cannot be answered: " + who + " has gone";
+        return id + " cannot be answered: " + who + " has gone";
     const auto delivery = m_mailbox.tell(notification.client, message, [&](MessageWriter& dat) {
         dat.add("id", notification.id);
         if (notification.context)
@@ -155,9 +157,9 @@ std::string NotificationService::tell(const Notification& notification, const ch
     case MailboxServer::Delivery::Sent:
         break;
     case MailboxServer::Delivery::Gone:
-        return notification.id + " cannot be answered: " + who + " is just leaving";
+        return id + " cannot be answered: " + who + " is just leaving";
     case MailboxServer::Delivery::Full:
-        return notification.id + " was not answered with " + message + ": " + who +
+        return id + " was not answered with " + message + ": " + who +
                " does not read what it is sent, and its queue is full";
     }
     return {};
