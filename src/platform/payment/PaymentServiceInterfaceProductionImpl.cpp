@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PaymentServiceInterfaceProductionImpl.h"
+
+#include "MessageWriter.h"
+#include "PackageManifest.h"
+#include "PaymentAnswer.h"
+
+#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QMutexLocker>
+#include <QtCore/QSocketNotifier>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <vector>
+
+namespace tamomock {
+
+using tamo::platform::PaymentArguments;
+using tamo::platform::PaymentMessage;
+using tamo::platform::ServiceDescriptor;
+
+namespace {
+
+constexpr const char* controlPath = "/pps/services/paymentsystem/control";
+constexpr std::size_t maxAnswerSize = 65536;
+
+/** Takes an answer that is too long to be one, so that it is not met again. */
+void discard(const ServiceDescriptor& control)
+{
+    constexpr std::size_t maxMessageSize = std::size_t{1} << 26;
+    std::vector<char> buffer(maxAnswerSize);
+    do
+        buffer.resize(buffer.size() * 2);
+    while (control.read(buffer.data(), buffer.size()) == -1 && errno == EMSGSIZE &&
+           buffer.size() < maxMessageSize);
+}
+
+} // namespace
+
+PaymentServiceInterfaceProductionImpl::PaymentServiceInterfaceProductionImpl()
+    : m_control(controlPath, O_RDWR)
+    , m_applicationId(tamo::platform::PackageManifest::readApplicationId())
+{
+    watch();
+}
+
+PaymentServiceInterfaceProductionImpl::PaymentServiceInterfaceProductionImpl(
+    int fd, const QByteArray& applicationId)
+    : m_control(fd), m_applicationId(applicationId)
+{
+    watch();
+}
+
+PaymentServiceInterfaceProductionImpl::~PaymentServiceInterfaceProductionImpl()
+{
+    // Before the descriptor, which a dispatcher must not watch when it is closed.
+    delete m_notifier;
+}
+
+void PaymentServiceInterfaceProductionImpl::watch()
+{
+    // A thread that has no dispatcher yet, or never, cannot make a notifier. It is made in the
+    // event loop that this object comes to.
+    if (!QAbstractEventDispatcher::instance()) {
+        QMetaObject::invokeMethod(
+            this, [this] { watch(); }, Qt::QueuedConnection);
+        return;
+    }
+    m_notifier = new QSocketNotifier(m_control.get(), QSocketNotifier::Read, this);
+    // Before the service hears of it.
+    connect(m_notifier, SIGNAL(activated(int)), this, SLOT(rest()));
+    connect(m_notifier, SIGNAL(activated(int)), this, SIGNAL(dataReady()));
+}
+
+void PaymentServiceInterfaceProductionImpl::rest()
+{
+    m_notifier->setEnabled(false);
+}
+
+void PaymentServiceInterfaceProductionImpl::purchase(
+    const QString& digitalGoodId, const QString& digitalGoodSku, const QString& digitalGoodName,
+    const QString& purchaseMetadata, const QString& applicationName, const QString& applicationIcon,
+    const QString& windowGroupId, int requestId)
+{
+    PaymentArguments arguments;
+    arguments.windowGroupId = windowGroupId;
+    arguments.digitalGoodId = digitalGoodId;
+    arguments.digitalGoodSku = digitalGoodSku;
+    arguments.digitalGoodName = digitalGoodName;
+    arguments.purchaseMetadata = purchaseMetadata;
+    arguments.applicationName = applicationName;
+    arguments.applicationIcon = applicationIcon;
+    send(PaymentMessage::purchase, requestId, std::move(arguments));
+}
+
+void PaymentServiceInterfaceProductionImpl::existingPurchases(bool allowRefresh,
+                                                              const QString& windowGroupId,
+                                                              int requestId)
+{
+    PaymentArguments arguments;
+    arguments.windowGroupId = windowGroupId;
+    arguments.allowRefresh = allowRefresh;
+    send(PaymentMessage::existingPurchases, requestId, std::move(arguments));
+}
+
+void PaymentServiceInterfaceProductionImpl::price(const QString& digitalGoodId,
+                                                  const QString& digitalGoodSku,
+                                                  const QString& windowGroupId, int requestId)
+{
+    send(PaymentMessage::price, requestId, {windowGroupId, digitalGoodId, digitalGoodSku});
+}
+
+void PaymentServiceInterfaceProductionImpl::checkStatus(const QString& digitalGoodId,
+                                                        const QString& digitalGoodSku,
+                                                        const QString& windowGroupId, int requestId)
+{
+    send(PaymentMessage::checkStatus, requestId, {windowGroupId, digitalGoodId, digitalGoodSku});
+}
+
+void PaymentServiceInterfaceProductionImpl::cancelSubscription(const QString& purchaseId,
+                                                               const QString& windowGroupId,
+                                                               int requestId)
+{
+    PaymentArguments arguments;
+    arguments.windowGroupId = windowGroupId;
+    arguments.purchaseId = purchaseId;
+    send(PaymentMessage::cancelSubscription, requestId, std::move(arguments));
+}
+
+void PaymentServiceInterfaceProductionImpl::send(const PaymentMessage& message, int requestId,
+                                                 PaymentArguments arguments)
+{
+    {
+        // What all requests share.
+        const QMutexLocker locker(&mutex);
+        arguments.applicationId = m_applicationId;
+    }
+    tamo::platform::MessageWriter writer;
+    message.writeTo(writer, requestId, arguments);
+    writer.writeTo(m_control);
+}
+
+QSharedPointer<tamo::platform::InterfaceResponse>
+PaymentServiceInterfaceProductionImpl::takeResponse()
+{
+    std::vector<char> text(maxAnswerSize);
+    const ssize_t size = m_control.read(text.data(), text.size());
+    const bool isTooLong = size == -1 && errno == EMSGSIZE;
+    if (isTooLong)
+        discard(m_control);
+    const bool wasFruitless = size < 1 && !isTooLong;
+    const bool isDead = wasFruitless && m_wasFruitless && this->isDead();
+    m_wasFruitless = wasFruitless;
+    if (m_notifier && !isDead)
+        m_notifier->setEnabled(true);
+    if (size < 1)
+        return {};
+    return tamo::platform::readPaymentAnswer(text.data(), static_cast<std::size_t>(size));
+}
+
+// A descriptor that is ready and has nothing, again and again, has lost its filesystem. It would
+// keep the event loop busy without end.
+bool PaymentServiceInterfaceProductionImpl::isDead() const
+{
+    pollfd state = {m_control.get(), POLLIN, 0};
+    return ::poll(&state, 1, 0) == 1;
+}
+
+} // namespace tamomock
