@@ -19,6 +19,8 @@ void addDisplayCommands(CommandLine& commandLine);
 void addNetworkCommands(CommandLine& commandLine);
 void addLedCommand(CommandLine& commandLine);
 void addNotificationCommands(CommandLine& commandLine);
+void addPaymentCommands(CommandLine& commandLine);
+void addClockCommands(CommandLine& commandLine);
 
 } // namespace tamobox
 

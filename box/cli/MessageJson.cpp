@@ -2,7 +2,6 @@
 #include "MessageJson.h"
 
 #include "common/Json.h"
-#include "pps/MessageReader.h"
 
 namespace tamobox {
 
@@ -67,6 +66,11 @@ void writeMembers(Json& json, MessageReader& reader, bool named)
 std::string messageToJson(const std::string& message)
 {
     MessageReader reader(message);
+    return membersToJson(reader);
+}
+
+std::string membersToJson(MessageReader& reader)
+{
     Json json;
     json.startObject();
     writeMembers(json, reader, true);

@@ -2,6 +2,8 @@
 #ifndef TAMOBOX_MESSAGEJSON_H
 #define TAMOBOX_MESSAGEJSON_H
 
+#include "pps/MessageReader.h"
+
 #include <string>
 
 namespace tamobox {
@@ -15,6 +17,9 @@ namespace tamobox {
  * @throws Failure where the message is malformed
  */
 std::string messageToJson(const std::string& message);
+
+/** The members of the object in which the reader stands, as an object on one line. */
+std::string membersToJson(MessageReader& reader);
 
 } // namespace tamobox
 

@@ -13,7 +13,8 @@ int main(int argc, char** argv)
     for (const auto addCommands :
          {addRunCommand, addExecCommands, addDoctorCommand, addStatusCommand, addPpsCommands,
           addBatteryCommands, addDisplayCommands, addNetworkCommands, addNavigatorCommands,
-          addRotateCommand, addLedCommand, addNotificationCommands})
+          addRotateCommand, addLedCommand, addNotificationCommands, addPaymentCommands,
+          addClockCommands})
         addCommands(commandLine);
     return commandLine.run(argc, argv);
 }

@@ -10,6 +10,10 @@ namespace tamobox {
 /** The variable that names the box which a program runs in. */
 inline constexpr const char* boxVariable = "TAMO_BOX";
 
+/** The variable in which tamo-box-init tells the services of a kept box the directory of its state.
+ * Applications do not have it. */
+inline constexpr const char* stateVariable = "TAMO_BOX_STATE";
+
 /** This process's environment with boxVariable set: what a program in the box gets. */
 std::vector<std::string> environmentInBox(const std::string& boxName);
 

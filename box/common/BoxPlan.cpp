@@ -98,6 +98,8 @@ void visitFields(Visitor& visitor, Plan& plan)
     visitor.field(plan.childSignalIgnored);
     visitor.field(plan.arguments);
     visitor.field(plan.environment);
+    visitor.field(plan.stateDirectory);
+    visitor.field(plan.catalogue);
 }
 
 void writeAll(int fd, const std::string& bytes)

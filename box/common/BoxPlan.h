@@ -31,6 +31,8 @@ struct BoxPlan
     bool childSignalIgnored = false;    ///< whether the application ignores SIGCHLD from the start
     std::vector<std::string> arguments; ///< of the application; the first is its name
     std::vector<std::string> environment; ///< of the application; `NAME=value`
+    std::string stateDirectory;           ///< of a kept box; empty where it is not kept
+    std::string catalogue; ///< the text of the payment system's; empty for the box's own
 
     /** Writes the plan into memory of its own and returns the descriptor, which exec() keeps open.
      */

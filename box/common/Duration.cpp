@@ -16,11 +16,13 @@ struct Unit
     double milliseconds;
 };
 
-constexpr std::array<Unit, 4> units = {{{"ms", 1}, {"s", 1000}, {"m", 60'000}, {"h", 3'600'000}}};
+constexpr std::array<Unit, 5> units = {
+    {{"ms", 1}, {"s", 1000}, {"m", 60'000}, {"h", 3'600'000}, {"d", 86'400'000}}};
 
 } // namespace
 
-std::optional<std::chrono::milliseconds> parseDuration(const std::string& text)
+std::optional<std::chrono::milliseconds> parseDuration(const std::string& text,
+                                                       std::chrono::milliseconds longest)
 {
     double number = 0;
     const char* const end = text.data() + text.size();
@@ -34,7 +36,7 @@ std::optional<std::chrono::milliseconds> parseDuration(const std::string& text)
             continue;
         const double milliseconds = std::round(number * unit.milliseconds);
         // Written so that NaN, which from_chars reads too, is refused.
-        if (!(milliseconds >= 1 && milliseconds <= static_cast<double>(longestDuration.count())))
+        if (!(milliseconds >= 1 && milliseconds <= static_cast<double>(longest.count())))
             return std::nullopt;
         return std::chrono::milliseconds(static_cast<long long>(milliseconds));
     }

@@ -13,12 +13,13 @@ inline constexpr std::chrono::milliseconds longestDuration = std::chrono::hours(
 
 /**
  * Reads a duration as people type it: a decimal number and a unit, such as `10s`, `1.5s`, `500ms`,
- * `2m` or `1h`, without space between. It is rounded to the nearest millisecond.
+ * `2m`, `1h` or `7d`, without space between. It is rounded to the nearest millisecond.
  *
  * @return nothing where the text is anything else, or where the duration is not between one
- *         millisecond and longestDuration
+ *         millisecond and the longest
  */
-std::optional<std::chrono::milliseconds> parseDuration(const std::string& text);
+std::optional<std::chrono::milliseconds>
+parseDuration(const std::string& text, std::chrono::milliseconds longest = longestDuration);
 
 } // namespace tamobox
 

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BoxInit.h"
 
+#include "common/BoxEnvironment.h"
 #include "common/ControlMessage.h"
 #include "common/DescriptorTable.h"
 #include "common/Failure.h"
 #include "common/Json.h"
 #include "common/Program.h"
+#include "pps/MessageWriter.h"
 #include "pps/ObjectCreation.h"
+#include "pps/ObjectFile.h"
 #include "services/ServiceTable.h"
 
 #include <fcntl.h>
@@ -16,6 +19,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 
 namespace tamobox {
 
@@ -92,10 +96,19 @@ void BoxInit::createObjects()
     for (const ServiceEntry& service : serviceTable())
         for (const ServiceObject& object : service.objects)
             createObject(object.path, object.mode);
+    if (m_plan.catalogue.empty())
+        return;
+    MessageWriter message;
+    message.object("catalogue").add("text", m_plan.catalogue);
+    ObjectFile("box/catalogue", O_WRONLY).write(message.text());
 }
 
 void BoxInit::startServices()
 {
+    if (m_plan.stateDirectory.empty())
+        unsetenv(stateVariable); // the caller may have it from somewhere
+    else
+        setenv(stateVariable, m_plan.stateDirectory.c_str(), 1);
     for (const ServiceEntry& service : serviceTable())
         m_services.push_back(std::make_unique<SupervisedService>(
             m_loop, service.program, [this](const std::string& text) { note(text); }));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Launcher.h"
 
+#include "KeptState.h"
 #include "PrivateRoot.h"
 #include "TerminalKeeper.h"
 
@@ -69,9 +70,8 @@ bool isIgnored(int signal)
 } // namespace
 
 // The keys that stop a job stop the launcher, too, so that the shell notices.
-Launcher::Launcher(std::string boxName, std::vector<std::string> command, ReadyHandler onReady)
-    : m_boxName(std::move(boxName))
-    , m_command(std::move(command))
+Launcher::Launcher(LaunchOptions options, ReadyHandler onReady)
+    : m_options(std::move(options))
     , m_onReady(std::move(onReady))
     , m_callersDescriptors(openDescriptors())
     , m_signals({SIGTSTP, SIGTTIN, SIGTTOU})
@@ -100,7 +100,7 @@ int Launcher::run()
 
 void Launcher::start()
 {
-    const Descriptor listening = boxsocket::listen(m_boxName);
+    const Descriptor listening = boxsocket::listen(m_options.boxName);
     int control[2];
     int complaint[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, control) == -1)
@@ -114,7 +114,7 @@ void Launcher::start()
 
     const std::array<Descriptor, 3> streams = keepStandardStreams();
     BoxPlan plan;
-    plan.boxName = m_boxName;
+    plan.boxName = m_options.boxName;
     plan.controlSocket = controlOfBox.get();
     plan.listeningSocket = listening.get();
     for (std::size_t i = 0; i < streams.size(); ++i)
@@ -123,8 +123,11 @@ void Launcher::start()
     plan.capabilities = permittedCapabilities();
     plan.signalMask = m_signals.previousMask();
     plan.childSignalIgnored = isIgnored(SIGCHLD);
-    plan.arguments = m_command;
-    plan.environment = environmentInBox(m_boxName);
+    plan.arguments = m_options.command;
+    plan.environment = environmentInBox(m_options.boxName);
+    if (m_options.isKept)
+        plan.stateDirectory = keptStateDirectory(m_options.boxName);
+    plan.catalogue = m_options.catalogue;
     const Descriptor planMemory = plan.toDescriptor();
     std::vector<std::string> command = privateRootCommand();
     command.insert(command.end(),
@@ -172,7 +175,7 @@ void Launcher::readControl()
     }
     switch (message->kind) {
     case ControlMessage::Kind::Ready:
-        m_onReady(m_boxName, message->number);
+        m_onReady(m_options.boxName, message->number);
         break;
     case ControlMessage::Kind::Note:
         std::fprintf(stderr, "tamo-box: %s\n", message->text.c_str());

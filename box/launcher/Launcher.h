@@ -13,6 +13,15 @@
 
 namespace tamobox {
 
+/** What a box is to be like. */
+struct LaunchOptions
+{
+    std::string boxName;              ///< empty for the first free default name
+    std::vector<std::string> command; ///< the application and its arguments; not empty
+    bool isKept = false;              ///< whether its state is there in the next box of the name
+    std::string catalogue;            ///< a catalogue's text, checked; empty: the box's own
+};
+
 /**
  * Runs one application in a box and stays until nothing of the box is left: relays signals to it,
  * and what it has to say to standard error. Used once in a process, which must not have threads.
@@ -23,11 +32,7 @@ public:
     /** Called when the application runs, with the box's name and the process id in the box. */
     using ReadyHandler = std::function<void(const std::string& boxName, int pid)>;
 
-    /**
-     * @param boxName the name of the box; empty for the first free default name
-     * @param command the application and its arguments; not empty
-     */
-    Launcher(std::string boxName, std::vector<std::string> command, ReadyHandler onReady);
+    Launcher(LaunchOptions options, ReadyHandler onReady);
 
     /**
      * @return the application's exit status, see status
@@ -44,8 +49,7 @@ private:
     void readComplaint();
     void reapChildren();
 
-    std::string m_boxName;
-    std::vector<std::string> m_command;
+    LaunchOptions m_options;
     ReadyHandler m_onReady;
     std::vector<int> m_callersDescriptors; // open already when the command was called
     SignalQueue m_signals;

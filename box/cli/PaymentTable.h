@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_PAYMENTTABLE_H
+#define TAMOBOX_PAYMENTTABLE_H
+
+#include "pps/MessageReader.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tamobox {
+
+/** Which of the payment service's reports a table is of. */
+enum class PaymentTable {
+    Waiting,  ///< requests that wait
+    Purchases ///< what was bought
+};
+
+/** The headings of a table. */
+std::vector<std::string> paymentHeadings(PaymentTable table);
+
+/** The cells of one report, in which the reader stands. */
+std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& report);
+
+/** A moment in the machine's local time. @param milliseconds since the epoch */
+std::string localTimeText(double milliseconds);
+
+} // namespace tamobox
+
+#endif

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "DialogRequest.h"
+
+#include "common/Failure.h"
+#include "services/RequestValues.h"
+
+#include <array>
+
+namespace tamobox {
+
+namespace {
+
+constexpr const char* purchaseDialog = "ule.dialog::PurchaseConfirmDialog";
+constexpr const char* buyLabel = "confirmpurchase.buynow";
+constexpr std::size_t longestShown = 4096;
+constexpr std::size_t longestMetadata = 8192;
+
+// What the dialog shows, apart from the good.
+constexpr std::array<const char*, 15> shownTexts = {
+    "messageText", "titleText", "size",        "errorText",    "groupId", "cid",    "price", "tax",
+    "total",       "currency",  "testingMode", "chosenOption", "type",    "vendor", "name"};
+
+/** Enters a container, and leaves it at the end. */
+class Inside
+{
+public:
+    Inside(MessageReader& reader, const char* name) : m_reader(reader)
+    {
+        if (!reader.enter(name))
+            throw Failure(std::string(name == nullptr ? "a button" : name) +
+                          " must be an object or an array");
+    }
+    ~Inside() { m_reader.leave(); }
+    Inside(const Inside&) = delete;
+    Inside& operator=(const Inside&) = delete;
+
+private:
+    MessageReader& m_reader;
+};
+
+void readContext(MessageReader& button, PaymentRequest& request)
+{
+    const Inside context(button, "context");
+    request.goodId = requiredText(button, "digitalGoodID", longestShown);
+    request.goodSku = requiredText(button, "digitalGoodSKU", longestShown);
+    request.goodName = requiredText(button, "digitalGoodName", longestShown);
+    request.metadata = requiredText(button, "metaData", longestMetadata);
+}
+
+bool readBuyButton(MessageReader& description, PaymentRequest& request)
+{
+    const Inside buttons(description, "buttons");
+    while (description.next()) {
+        const Inside button(description, nullptr);
+        if (description.string("label") != buyLabel)
+            continue;
+        readContext(description, request);
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void readDialogRequest(MessageReader& dat, PaymentRequest& request)
+{
+    const std::string className = requiredText(dat, "className", longestShown);
+    if (className != purchaseDialog)
+        throw Failure("there is no dialog " + quoted(className));
+    const Inside description(dat, "desc_obj");
+    for (const char* const name : shownTexts)
+        if (auto text = optionalText(dat, name, longestShown))
+            request.dialogTexts.emplace_back(name, std::move(*text));
+    // This dialog takes no money, and so it must not say that it had.
+    if (dat.string("testingMode") != "true")
+        throw Failure("testingMode must be 'true'");
+    request.applicationName = optionalText(dat, "name", longestShown).value_or("");
+    request.applicationIcon = optionalText(dat, "iconURL", longestShown).value_or("");
+    request.group = optionalText(dat, "groupId", longestShown).value_or("");
+    if (!readBuyButton(dat, request))
+        throw Failure("there is no button " + std::string(buyLabel));
+}
+
+} // namespace tamobox

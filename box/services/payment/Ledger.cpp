@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Ledger.h"
+
+#include "Subscription.h"
+
+namespace tamobox {
+
+const Purchase* Ledger::find(int number) const
+{
+    const auto found = m_purchases.find(number);
+    return found == m_purchases.end() ? nullptr : &found->second;
+}
+
+const Purchase* Ledger::findOf(const std::string& application, const std::string& id) const
+{
+    for (const auto& [number, purchase] : m_purchases)
+        if (purchase.application == application && purchase.id() == id)
+            return &purchase;
+    return nullptr;
+}
+
+std::vector<const Purchase*> Ledger::of(const std::string& application) const
+{
+    std::vector<const Purchase*> purchases;
+    for (const auto& [number, purchase] : m_purchases)
+        if (purchase.application == application)
+            purchases.push_back(&purchase);
+    return purchases;
+}
+
+const Purchase* Ledger::runningOf(const std::string& application, const std::string& goodId,
+                                  const std::string& sku, Moment now, bool mayBeCanceled) const
+{
+    for (const auto& [number, purchase] : m_purchases) {
+        const bool isMeant = purchase.application == application &&
+                             (goodId.empty() ? !sku.empty() : purchase.goodId == goodId) &&
+                             (sku.empty() || purchase.goodSku == sku);
+        if (isMeant && isRunning(purchase, now) && (mayBeCanceled || !purchase.canceledEnd))
+            return &purchase;
+    }
+    return nullptr;
+}
+
+} // namespace tamobox

@@ -1,0 +1,339 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PaymentService.h"
+
+#include "BoxPurchases.h"
+#include "KeptPurchases.h"
+
+#include "common/BoxEnvironment.h"
+#include "services/dialog/DialogAnswer.h"
+#include "services/dialog/DialogRequest.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+
+namespace tamobox {
+
+namespace {
+
+// How the kept requests of the two mailboxes begin.
+constexpr char paymentMark = 'p';
+constexpr char dialogMark = 'd';
+
+Moment machineTime()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+std::unique_ptr<PurchaseStore> makeStore()
+{
+    const char* const directory = std::getenv(stateVariable);
+    if (directory != nullptr)
+        return std::make_unique<KeptPurchases>(directory);
+    return std::make_unique<BoxPurchases>();
+}
+
+// No `msg`, no `id`, no `dat`: nobody can take it for an answer to anything.
+void writeGarbage(MessageWriter& message)
+{
+    message.add("garbage", "}{").add("res", 42);
+}
+
+} // namespace
+
+PaymentService::PaymentService(EventLoop& loop, std::function<void()> onNewRequest)
+    : m_onNewRequest(std::move(onNewRequest))
+    , m_complaints(loop)
+    , m_catalogueObject("box/catalogue")
+    , m_timer(loop, [this] { decideDue(); })
+    , m_troubleTimer(loop, [this] { Complaints::write(m_trouble); })
+    , m_payments(
+          loop, "services/paymentsystem/control", m_complaints,
+          [this](const Envelope& envelope, MessageReader& message, const std::string& text) {
+              takePayment(envelope, message, text);
+          },
+          [this](MailboxServer::Client client) { m_waiting.clientLeft(client, false); })
+    , m_dialogs(
+          loop, "services/dialog/control", m_complaints,
+          [this](const Envelope& envelope, MessageReader& message, const std::string& text) {
+              takeDialog(envelope, message, text);
+          },
+          [this](MailboxServer::Client client) { m_waiting.clientLeft(client, true); })
+{
+    loadCatalogue();
+    loadState();
+    // The box shows what a service says once it is ready.
+    if (!m_trouble.empty())
+        m_troubleTimer.startAt(EventLoop::Clock::now());
+}
+
+void PaymentService::loadCatalogue()
+{
+    if (const auto published = m_catalogueObject.published()) {
+        MessageReader reader(*published);
+        if (!reader.enter("@catalogue") || !reader.has("text"))
+            throw Failure("there is no catalogue in /pps/box/catalogue");
+        m_catalogue = Catalogue::parse(reader.string("text").value_or(""), "/pps/box/catalogue");
+        return;
+    }
+    m_catalogue = Catalogue::builtin();
+    m_catalogueObject.publish("text", Catalogue::builtinText());
+}
+
+void PaymentService::loadState()
+{
+    m_store = makeStore();
+    m_system = std::make_unique<PaymentSystem>(*m_store, m_store->load(m_trouble));
+    const auto& purchases = m_system->state().ledger.all();
+    if (!purchases.empty())
+        m_nextNumber = purchases.rbegin()->first + 1;
+}
+
+void PaymentService::resume()
+{
+    const std::map<int, std::string> kept = m_waiting.kept();
+    if (kept.empty())
+        return;
+    m_nextNumber = std::max(m_nextNumber, kept.rbegin()->first + 1);
+    // Who is still there; what came meanwhile is behind what was there before.
+    m_payments.catchUp();
+    m_dialogs.catchUp();
+    for (const auto& [number, text] : kept) {
+        m_resumedNumber = number;
+        (text[0] == dialogMark ? m_dialogs : m_payments).handOutAgain(text.substr(1));
+        m_resumedNumber.reset();
+        if (m_waiting.find(number) == nullptr)
+            m_waiting.forget(number);
+    }
+    Complaints::write("goes on with " + std::to_string(m_waiting.all().size()) +
+                      " requests that wait");
+}
+
+void PaymentService::catchUp()
+{
+    m_payments.catchUp();
+    m_dialogs.catchUp();
+    decideDue();
+}
+
+PaymentRequest PaymentService::begin(const Envelope& envelope, const std::string& text,
+                                     bool isDialog)
+{
+    PaymentRequest request;
+    request.number = m_resumedNumber ? *m_resumedNumber : m_nextNumber++;
+    request.client = envelope.client;
+    request.id = envelope.id;
+    request.isDialog = isDialog;
+    request.since = now();
+    request.bytes = text.size();
+    return request;
+}
+
+void PaymentService::takePayment(const Envelope& envelope, MessageReader& message,
+                                 const std::string& text)
+{
+    const std::optional<Operation> operation = operationNamed(envelope.message);
+    if (!operation)
+        throw Failure("there is no request " + quoted(envelope.message));
+    PaymentRequest request = begin(envelope, text, false);
+    request.operation = *operation;
+    try {
+        if (!message.enter("dat"))
+            throw Failure("dat must be an object");
+        readPaymentRequest(message, request);
+    } catch (const Failure& failure) {
+        refuse(request, {paymenterror::malformed,
+                         std::string("The request is malformed: ") + failure.what()});
+        return;
+    }
+    const Good* const good = m_catalogue.find(request.goodId, request.goodSku);
+    if (good != nullptr)
+        request.good = *good;
+    if (*operation != Operation::Purchase)
+        request.policy = m_catalogue.policyFor(*operation);
+    else
+        request.policy = good != nullptr ? good->policy : immediateApproval();
+    // Nobody is asked about what cannot be; but for one that is done already.
+    if (*operation == Operation::Purchase && ledger().find(request.number) != nullptr)
+        request.policy = immediateApproval();
+    else if (const auto obstacle = m_system->obstacleTo(request, now());
+             obstacle && request.policy.who == Policy::Who::User)
+        request.policy = immediateApproval();
+    admitOrRefuse(request, paymentMark + text);
+}
+
+void PaymentService::takeDialog(const Envelope& envelope, MessageReader& message,
+                                const std::string& text)
+{
+    PaymentRequest request = begin(envelope, text, true);
+    try {
+        if (envelope.message != "show")
+            throw Failure("there is no request " + quoted(envelope.message));
+        if (!message.enter("dat"))
+            throw Failure("dat must be an object");
+        readDialogRequest(message, request);
+    } catch (const Failure& failure) {
+        refuse(request, {paymenterror::malformed,
+                         std::string("The request is malformed: ") + failure.what()});
+        return;
+    }
+    if (const Good* const good = m_catalogue.find(request.goodId, request.goodSku)) {
+        request.good = *good;
+        request.policy = good->policy;
+    }
+    admitOrRefuse(request, dialogMark + text);
+}
+
+void PaymentService::admitOrRefuse(PaymentRequest& request, const std::string& text)
+{
+    try {
+        admit(request, text);
+    } catch (const ObjectFailure&) {
+        throw;
+    } catch (const Failure& failure) {
+        Complaints::write(requestText(request) + " failed: " + failure.what());
+        refuse(request, paymenterror::notRecorded);
+    }
+}
+
+void PaymentService::admit(PaymentRequest& request, const std::string& text)
+{
+    if (request.policy.who == Policy::Who::Itself && request.policy.delay.count() == 0) {
+        answer(request, request.policy.decision);
+        return;
+    }
+    if (!m_waiting.hasRoomFor(request.bytes)) {
+        refuse(request, paymenterror::tooMany);
+        return;
+    }
+    m_waiting.put(request, text, EventLoop::Clock::now());
+    setTimer();
+    m_onNewRequest();
+}
+
+PaymentService::Outcome PaymentService::decide(int number, const Decision& decision)
+{
+    const PaymentRequest* const request = m_waiting.find(number);
+    if (request == nullptr)
+        throw Failure("no request " + std::to_string(number) + " is waiting");
+    const Outcome outcome = answer(*request, decision);
+    m_waiting.remove(number);
+    setTimer();
+    return outcome;
+}
+
+// What it changes is recorded before anybody is told of it.
+PaymentService::Outcome PaymentService::answer(const PaymentRequest& request,
+                                               const Decision& decision)
+{
+    if (decision.kind == Decision::Kind::Garbage) {
+        RequestMailbox& mailbox = request.isDialog ? m_dialogs : m_payments;
+        return {
+            {}, {}, mailbox.send(request.client, writeGarbage) == MailboxServer::Delivery::Sent};
+    }
+    if (request.isDialog)
+        return answerDialog(request, decision);
+    PaymentAnswer answer;
+    if (decision.kind == Decision::Kind::Approve)
+        answer = m_system->carryOut(request, now());
+    else if (decision.kind == Decision::Kind::Cancel)
+        answer.error = paymenterror::canceled;
+    else
+        answer.error = PaymentError{decision.code, decision.text};
+    Outcome outcome;
+    if (decision.kind == Decision::Kind::Approve && answer.error)
+        outcome.refusal = answer.error->text;
+    if (request.operation == Operation::Purchase && !answer.error)
+        outcome.purchaseId = answer.purchases[0].id();
+    outcome.isDelivered = send(request, answer);
+    return outcome;
+}
+
+PaymentService::Outcome PaymentService::answerDialog(const PaymentRequest& request,
+                                                     const Decision& decision)
+{
+    const auto delivery = m_dialogs.send(request.client, [&](MessageWriter& message) {
+        if (decision.kind == Decision::Kind::Fail)
+            writeDialogFailure(message, request.id, decision.text);
+        else
+            writeDialogChoice(message, request, decision.kind == Decision::Kind::Approve, now());
+    });
+    return {{}, {}, delivery == MailboxServer::Delivery::Sent};
+}
+
+bool PaymentService::send(const PaymentRequest& request, const PaymentAnswer& answer)
+{
+    MessageWriter measured;
+    writeAnswer(measured.object("control"), request, answer, now());
+    if (measured.text().size() > longestAnswer) {
+        PaymentAnswer shorter;
+        shorter.error = paymenterror::tooLong;
+        return send(request, shorter);
+    }
+    return m_payments.send(request.client, [&](MessageWriter& message) {
+        writeAnswer(message, request, answer, now());
+    }) == MailboxServer::Delivery::Sent;
+}
+
+void PaymentService::refuse(const PaymentRequest& request, const PaymentError& error)
+{
+    if (request.isDialog) {
+        m_dialogs.send(request.client, [&](MessageWriter& message) {
+            writeDialogFailure(message, request.id, error.text);
+        });
+    } else {
+        PaymentAnswer answer;
+        answer.error = error;
+        send(request, answer);
+    }
+    if (error.code == paymenterror::malformed)
+        m_complaints.add(requestText(request) + " was refused: " + error.text);
+}
+
+void PaymentService::decideDue()
+{
+    for (auto due = m_waiting.nextDue(); due && due->first <= EventLoop::Clock::now();
+         due = m_waiting.nextDue()) {
+        const PaymentRequest request = *m_waiting.find(due->second);
+        try {
+            decide(request.number, request.policy.decision);
+        } catch (const ObjectFailure&) {
+            throw;
+        } catch (const Failure& failure) {
+            Complaints::write(requestText(request) + " failed: " + failure.what());
+            refuse(request, paymenterror::notRecorded);
+            m_waiting.remove(request.number);
+        }
+    }
+    setTimer();
+}
+
+void PaymentService::setTimer()
+{
+    if (const auto due = m_waiting.nextDue())
+        m_timer.startAt(due->first);
+    else
+        m_timer.stop();
+}
+
+void PaymentService::setCatalogue(const std::string& text)
+{
+    Catalogue catalogue = Catalogue::parse(text, "the catalogue");
+    m_catalogueObject.publish("text", text);
+    m_catalogue = std::move(catalogue);
+}
+
+Moment PaymentService::now() const
+{
+    return machineTime() + advanced();
+}
+
+void PaymentService::advanceClock(Moment by)
+{
+    if (by < 0 || by > latestMoment - now())
+        throw Failure("the clock goes to the end of the year 9999 and no further");
+    m_system->advanceClock(by);
+}
+
+} // namespace tamobox

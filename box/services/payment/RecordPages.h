@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_RECORDPAGES_H
+#define TAMOBOX_RECORDPAGES_H
+
+#include "services/Publisher.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tamobox {
+
+/**
+ * Numbered texts that outlive a service, but not the box: attributes of the objects `0`, `1`, ...
+ * in a directory of `/pps`, as many as it takes, as each object holds only so much.
+ */
+class RecordPages
+{
+public:
+    /** Goes on with what is there. @param directory below `/pps`; its object `0` is there. Throws
+     * ObjectFailure. */
+    explicit RecordPages(const std::string& directory);
+
+    /** The texts, by number. Reads them anew. Throws ObjectFailure. */
+    std::map<int, std::string> all() const;
+
+    /** Puts a text under a number, in one publication. Throws Failure where it is too long, and
+     * ObjectFailure. */
+    void put(int number, const std::string& text);
+
+    /** Takes a text away; one that is not there is no error. Throws ObjectFailure. */
+    void erase(int number);
+
+private:
+    struct Page
+    {
+        std::unique_ptr<Publisher> object;
+        int count = 0;
+    };
+
+    bool putInto(std::size_t page, int number, const std::string& text);
+    std::size_t otherPage();
+    std::string pathOf(std::size_t page) const;
+
+    std::string m_directory;
+    std::vector<Page> m_pages;
+    std::size_t m_current = 0; // where new ones go
+    std::map<int, std::size_t> m_pageOf;
+};
+
+} // namespace tamobox
+
+#endif

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "WaitingRequests.h"
+
+#include <limits>
+#include <vector>
+
+namespace tamobox {
+
+namespace {
+
+constexpr std::size_t mostBytes = std::size_t{64} << 20;
+
+// What a request takes beside its text.
+constexpr std::size_t bytesOfARequest = 512;
+
+} // namespace
+
+WaitingRequests::WaitingRequests() : m_pages("box/waiting") {}
+
+const PaymentRequest* WaitingRequests::find(int number) const
+{
+    const auto found = m_requests.find(number);
+    return found == m_requests.end() ? nullptr : &found->second;
+}
+
+const PaymentRequest* WaitingRequests::oldestForUser() const
+{
+    return m_forUser.empty() ? nullptr : &m_requests.at(*m_forUser.begin());
+}
+
+bool WaitingRequests::hasRoomFor(std::size_t bytes) const
+{
+    return m_bytes + bytes + bytesOfARequest <= mostBytes;
+}
+
+void WaitingRequests::put(const PaymentRequest& request, const std::string& text,
+                          Clock::time_point now)
+{
+    const int number = request.number;
+    if (request.policy.who != Policy::Who::Nobody)
+        m_pages.put(number, text);
+    m_requests.emplace(number, request);
+    m_ofClient.emplace(request.isDialog, request.client.number, number);
+    m_bytes += request.bytes + bytesOfARequest;
+    if (request.policy.who == Policy::Who::User)
+        m_forUser.insert(number);
+    if (request.policy.who == Policy::Who::Itself) {
+        m_dueOf[number] = now + request.policy.delay;
+        m_due.emplace(m_dueOf[number], number);
+    }
+}
+
+void WaitingRequests::remove(int number)
+{
+    const auto found = m_requests.find(number);
+    if (found == m_requests.end())
+        return;
+    const PaymentRequest& request = found->second;
+    m_bytes -= request.bytes + bytesOfARequest;
+    m_ofClient.erase({request.isDialog, request.client.number, number});
+    m_forUser.erase(number);
+    if (const auto due = m_dueOf.find(number); due != m_dueOf.end()) {
+        m_due.erase({due->second, number});
+        m_dueOf.erase(due);
+    }
+    m_requests.erase(found);
+    m_pages.erase(number);
+}
+
+void WaitingRequests::clientLeft(MailboxServer::Client client, bool isDialog)
+{
+    std::vector<int> numbers;
+    for (auto i = m_ofClient.lower_bound({isDialog, client, std::numeric_limits<int>::min()});
+         i != m_ofClient.end() && std::get<0>(*i) == isDialog && std::get<1>(*i) == client; ++i)
+        numbers.push_back(std::get<2>(*i));
+    for (const int number : numbers)
+        remove(number);
+}
+
+std::optional<std::pair<WaitingRequests::Clock::time_point, int>> WaitingRequests::nextDue() const
+{
+    return m_due.empty() ? std::nullopt : std::optional(*m_due.begin());
+}
+
+} // namespace tamobox

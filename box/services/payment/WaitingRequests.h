@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TAMOBOX_WAITINGREQUESTS_H
+#define TAMOBOX_WAITINGREQUESTS_H
+
+#include "PaymentRequest.h"
+#include "RecordPages.h"
+
+#include "common/EventLoop.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace tamobox {
+
+/** The requests that are not answered yet, in the order in which they came. They are kept in
+ * `/pps`, so that a service that is started again goes on with them. */
+class WaitingRequests
+{
+public:
+    using Clock = EventLoop::Clock;
+
+    /** Throws ObjectFailure. */
+    WaitingRequests();
+
+    /** What a service before this one has kept, by number: the texts, as put() was given them. */
+    std::map<int, std::string> kept() const { return m_pages.all(); }
+
+    /** Forgets what was kept under a number. */
+    void forget(int number) { m_pages.erase(number); }
+
+    const std::map<int, PaymentRequest>& all() const { return m_requests; }
+
+    /** nullptr where there is none. */
+    const PaymentRequest* find(int number) const;
+
+    /** The first one that waits for the user; nullptr where there is none. */
+    const PaymentRequest* oldestForUser() const;
+
+    /** Whether there is room for a request of so many bytes. */
+    bool hasRoomFor(std::size_t bytes) const;
+
+    /** Adds a request; one that is never answered is not kept. Throws Failure where it is too long
+     * to be kept, and ObjectFailure. */
+    void put(const PaymentRequest& request, const std::string& text, Clock::time_point now);
+
+    /** Takes a request out. Throws ObjectFailure. */
+    void remove(int number);
+
+    /** Takes out the requests of a client that has gone. */
+    void clientLeft(MailboxServer::Client client, bool isDialog);
+
+    /** The request whose time comes first, and when; nothing where there is none. */
+    std::optional<std::pair<Clock::time_point, int>> nextDue() const;
+
+private:
+    RecordPages m_pages;
+    std::map<int, PaymentRequest> m_requests;
+    std::set<std::tuple<bool, MailboxServer::Client, int>> m_ofClient; // dialog, client, number
+    std::set<std::pair<Clock::time_point, int>> m_due;                 // when, number
+    std::map<int, Clock::time_point> m_dueOf;                          // by number
+    std::set<int> m_forUser;                                           // numbers
+    std::size_t m_bytes = 0;
+};
+
+} // namespace tamobox
+
+#endif
