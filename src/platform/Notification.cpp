@@ -242,7 +242,7 @@ bool Notification::event(QEvent* event)
 void Notification::childEvent(QChildEvent* event)
 {
     // The private object may be a child, too, and then leaves as it is destroyed.
-    if (event->child() != d.get())
+    if (d && event->child() != d.get())
         d->childEvent(event);
 }
 
