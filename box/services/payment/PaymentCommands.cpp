@@ -82,18 +82,26 @@ void write(MessageWriter& message, const Purchase& purchase, Moment now)
             .add("renewalPrice", purchase.subscription->renewalPrice);
 }
 
+std::size_t sizeOf(const PaymentRequest& request)
+{
+    return request.bytes;
+}
+
+std::size_t sizeOf(const Purchase& purchase)
+{
+    return purchase.metadata.size() + purchase.licenseKey.size();
+}
+
 // Reports what comes after a number, as much as there is room for; the client asks for the rest.
 template<typename Value, typename Write>
 void reportAfter(ControlMailbox& control, const ControlRequest& request,
                  const std::map<int, Value>& values, int number, Write writeOne)
 {
     int reports = 0;
-    std::size_t bytes = 0;
+    std::size_t bytes = 0; // as they came, which is about as they go
     for (auto i = values.upper_bound(number); i != values.end(); ++i) {
-        control.report(request, [&](MessageWriter& message) {
-            writeOne(message, i->second);
-            bytes += message.text().size();
-        });
+        control.report(request, [&](MessageWriter& message) { writeOne(message, i->second); });
+        bytes += sizeOf(i->second);
         if (++reports == mostReports || bytes >= mostBytesOfReports)
             return;
     }

@@ -24,6 +24,8 @@ TEST(BoxPlanTest, ArrivesAsItWasSent)
     sigaddset(&plan.signalMask, SIGUSR2);
     plan.arguments = {"app", "", "a\nb", std::string(100'000, 'x')};
     plan.environment = {"A=b", "C="};
+    plan.stateDirectory = "/state";
+    plan.catalogue = "{}\n";
 
     const BoxPlan arrived = BoxPlan::fromDescriptor(plan.toDescriptor().get());
     EXPECT_EQ(arrived.boxName, plan.boxName);
@@ -37,6 +39,8 @@ TEST(BoxPlanTest, ArrivesAsItWasSent)
     EXPECT_EQ(sigismember(&arrived.signalMask, SIGUSR1), 0);
     EXPECT_EQ(arrived.arguments, plan.arguments);
     EXPECT_EQ(arrived.environment, plan.environment);
+    EXPECT_EQ(arrived.stateDirectory, "/state");
+    EXPECT_EQ(arrived.catalogue, "{}\n");
 }
 
 TEST(BoxPlanTest, AnythingElseIsRefused)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A race beneath Qt's event loop: the receiver's thread and the main one write the same integer, the
-// latter after it has posted an event, with nothing between them. A functor would put them in order,
-// where its caller is the last to let go of it.
+// A race beneath Qt's event loop: the receiver's thread and the main one write the same integer,
+// the latter after it has posted an event, with nothing between them. A functor would put them in
+// order, where its caller is the last to let go of it.
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
