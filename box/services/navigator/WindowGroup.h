@@ -38,7 +38,7 @@ struct WindowGroup
     bool listening = false; ///< it has asked for events
     WindowState state = WindowState::Fullscreen;
     bool active = true;
-    int angle = 0; ///< at which it draws, in degrees
+    int angle = 0;                     ///< at which it draws, in degrees
     std::optional<int> turningTo = {}; ///< the angle that it has been told and not yet done
     bool rotationLocked = false;
     bool wantsSwipeStart = false;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fuse/ExpectedRequests.h"
 #include "fuse/Lookout.h"
+#include "fuse/ExpectedRequests.h"
 
 #include <gtest/gtest.h>
 
