@@ -17,7 +17,7 @@
 namespace tamomock {
 
 using tamo::platform::PaymentArguments;
-using tamo::platform::PaymentMessage;
+using tamo::platform::PaymentSystemMessage;
 using tamo::platform::ServiceDescriptor;
 
 namespace {
@@ -91,7 +91,7 @@ void PaymentServiceInterfaceProductionImpl::purchase(
     arguments.purchaseMetadata = purchaseMetadata;
     arguments.applicationName = applicationName;
     arguments.applicationIcon = applicationIcon;
-    send(PaymentMessage::purchase, requestId, std::move(arguments));
+    send(PaymentSystemMessage::purchase, requestId, std::move(arguments));
 }
 
 void PaymentServiceInterfaceProductionImpl::existingPurchases(bool allowRefresh,
@@ -101,21 +101,22 @@ void PaymentServiceInterfaceProductionImpl::existingPurchases(bool allowRefresh,
     PaymentArguments arguments;
     arguments.windowGroupId = windowGroupId;
     arguments.allowRefresh = allowRefresh;
-    send(PaymentMessage::existingPurchases, requestId, std::move(arguments));
+    send(PaymentSystemMessage::existingPurchases, requestId, std::move(arguments));
 }
 
 void PaymentServiceInterfaceProductionImpl::price(const QString& digitalGoodId,
                                                   const QString& digitalGoodSku,
                                                   const QString& windowGroupId, int requestId)
 {
-    send(PaymentMessage::price, requestId, {windowGroupId, digitalGoodId, digitalGoodSku});
+    send(PaymentSystemMessage::price, requestId, {windowGroupId, digitalGoodId, digitalGoodSku});
 }
 
 void PaymentServiceInterfaceProductionImpl::checkStatus(const QString& digitalGoodId,
                                                         const QString& digitalGoodSku,
                                                         const QString& windowGroupId, int requestId)
 {
-    send(PaymentMessage::checkStatus, requestId, {windowGroupId, digitalGoodId, digitalGoodSku});
+    send(PaymentSystemMessage::checkStatus, requestId,
+         {windowGroupId, digitalGoodId, digitalGoodSku});
 }
 
 void PaymentServiceInterfaceProductionImpl::cancelSubscription(const QString& purchaseId,
@@ -125,10 +126,10 @@ void PaymentServiceInterfaceProductionImpl::cancelSubscription(const QString& pu
     PaymentArguments arguments;
     arguments.windowGroupId = windowGroupId;
     arguments.purchaseId = purchaseId;
-    send(PaymentMessage::cancelSubscription, requestId, std::move(arguments));
+    send(PaymentSystemMessage::cancelSubscription, requestId, std::move(arguments));
 }
 
-void PaymentServiceInterfaceProductionImpl::send(const PaymentMessage& message, int requestId,
+void PaymentServiceInterfaceProductionImpl::send(const PaymentSystemMessage& message, int requestId,
                                                  PaymentArguments arguments)
 {
     {

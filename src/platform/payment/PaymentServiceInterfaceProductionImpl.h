@@ -2,7 +2,7 @@
 #ifndef TAMO_PLATFORM_PAYMENT_PAYMENTSERVICEINTERFACEPRODUCTIONIMPL_H
 #define TAMO_PLATFORM_PAYMENT_PAYMENTSERVICEINTERFACEPRODUCTIONIMPL_H
 
-#include "PaymentMessage.h"
+#include "PaymentSystemMessage.h"
 #include "ServiceDescriptor.h"
 
 #include <tamomock/PaymentServiceInterfaceProduction.h>
@@ -43,7 +43,7 @@ private Q_SLOTS:
 
 private:
     void watch();
-    void send(const tamo::platform::PaymentMessage& message, int requestId,
+    void send(const tamo::platform::PaymentSystemMessage& message, int requestId,
               tamo::platform::PaymentArguments arguments);
     bool isDead() const;
 

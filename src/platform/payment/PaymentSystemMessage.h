@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef TAMO_PLATFORM_PAYMENT_PAYMENTMESSAGE_H
-#define TAMO_PLATFORM_PAYMENT_PAYMENTMESSAGE_H
+#ifndef TAMO_PLATFORM_PAYMENT_PAYMENTSYSTEMMESSAGE_H
+#define TAMO_PLATFORM_PAYMENT_PAYMENTSYSTEMMESSAGE_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -30,15 +30,15 @@ struct PaymentArguments
 };
 
 /** A kind of request to the payment system, as it is written. */
-class PaymentMessage
+class PaymentSystemMessage
 {
 public:
-    static const PaymentMessage purchase;
-    static const PaymentMessage existingPurchases;
+    static const PaymentSystemMessage purchase;
+    static const PaymentSystemMessage existingPurchases;
     /** A price, and a subscription's terms. */
-    static const PaymentMessage price;
-    static const PaymentMessage checkStatus;
-    static const PaymentMessage cancelSubscription;
+    static const PaymentSystemMessage price;
+    static const PaymentSystemMessage checkStatus;
+    static const PaymentSystemMessage cancelSubscription;
 
     /** @throws tamo::Exception where an argument holds what a PPS object cannot carry */
     void writeTo(MessageWriter& writer, int requestId, const PaymentArguments& arguments) const;
@@ -53,7 +53,7 @@ private:
     };
 
     template<std::size_t Count>
-    constexpr PaymentMessage(const char* msg, const Field (&fields)[Count])
+    constexpr PaymentSystemMessage(const char* msg, const Field (&fields)[Count])
         : m_msg(msg), m_fields(fields), m_fieldCount(Count)
     {
     }

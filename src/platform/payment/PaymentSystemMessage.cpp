@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PaymentMessage.h"
+#include "PaymentSystemMessage.h"
 
 #include "MessageWriter.h"
 
@@ -30,7 +30,7 @@ struct FieldWriter
 } // namespace
 
 /** What "dat" holds, in its order. */
-struct PaymentMessage::Fields
+struct PaymentSystemMessage::Fields
 {
     using A = PaymentArguments;
 
@@ -58,16 +58,18 @@ struct PaymentMessage::Fields
     };
 };
 
-constexpr PaymentMessage PaymentMessage::purchase{"paymentSystemType", Fields::purchase};
-constexpr PaymentMessage PaymentMessage::existingPurchases{"getExistingPurchasesType",
-                                                           Fields::existingPurchases};
-constexpr PaymentMessage PaymentMessage::price{"getPriceType", Fields::aboutGood};
-constexpr PaymentMessage PaymentMessage::checkStatus{"checkExistingType", Fields::aboutGood};
-constexpr PaymentMessage PaymentMessage::cancelSubscription{"cancelSubscriptionType",
-                                                            Fields::cancelSubscription};
+constexpr PaymentSystemMessage PaymentSystemMessage::purchase{"paymentSystemType",
+                                                              Fields::purchase};
+constexpr PaymentSystemMessage PaymentSystemMessage::existingPurchases{"getExistingPurchasesType",
+                                                                       Fields::existingPurchases};
+constexpr PaymentSystemMessage PaymentSystemMessage::price{"getPriceType", Fields::aboutGood};
+constexpr PaymentSystemMessage PaymentSystemMessage::checkStatus{"checkExistingType",
+                                                                 Fields::aboutGood};
+constexpr PaymentSystemMessage PaymentSystemMessage::cancelSubscription{"cancelSubscriptionType",
+                                                                        Fields::cancelSubscription};
 
-void PaymentMessage::writeTo(MessageWriter& writer, int requestId,
-                             const PaymentArguments& arguments) const
+void PaymentSystemMessage::writeTo(MessageWriter& writer, int requestId,
+                                   const PaymentArguments& arguments) const
 {
     writer.addText("msg", m_msg);
     writer.addText("id", QString::number(requestId));
