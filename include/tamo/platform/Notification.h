@@ -31,7 +31,8 @@ class NotificationPrivate;
  * **Choices.** A notification may offer answers, its choices: the PromptChoices whose parent it is.
  * They come with PromptChoice's constructor, QObject::setParent(), appendPromptChoice() or from
  * QML, and are the notification's own. A choice leaves when it gets another parent and when it is
- * deleted, however that comes; it may be at any time, inside of a slot of its own too.
+ * deleted, however that comes; it may be at any time, inside of a slot of its own too. Construct
+ * both after the QCoreApplication, without which no parent hears of its children.
  *
  * **Exceptions.** An answer of the service's that is neither an invocation, nor an expiry, nor an
  * acknowledgement makes the slot that receives it throw
