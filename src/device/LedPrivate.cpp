@@ -138,8 +138,8 @@ void LedPrivate::begin(int count)
 {
     ++turn;
     remaining = count;
-    connect(channel.data(), &tamomock::LedPpsChannel::receivePassthrough, this,
-            &LedPrivate::onReceive);
+    connect(channel.data(), SIGNAL(receivePassthrough(QVariantMap)), this,
+            SLOT(onReceive(QVariantMap)));
 }
 
 void LedPrivate::sendRequest()
@@ -153,8 +153,8 @@ void LedPrivate::sendRequest()
 void LedPrivate::withdraw()
 {
     ++turn;
-    disconnect(channel.data(), &tamomock::LedPpsChannel::receivePassthrough, this,
-               &LedPrivate::onReceive);
+    disconnect(channel.data(), SIGNAL(receivePassthrough(QVariantMap)), this,
+               SLOT(onReceive(QVariantMap)));
     Q_EMIT send(
         tamo::detail::requestMessage(QStringLiteral("cancelLED"), {{QStringLiteral("id"), id}}));
     remaining = 0;

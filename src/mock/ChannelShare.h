@@ -14,13 +14,14 @@ namespace tamomock::detail {
  *
  * @throws Failure(arguments...) where there is no channel; what making the default one throws
  */
-template<class Channel, class Failure, class User, class... Arguments>
-QSharedPointer<Channel> joinChannel(User* user, const Arguments&... arguments)
+template<class Channel, class Failure, class... Arguments>
+QSharedPointer<Channel> joinChannel(QObject* user, const Arguments&... arguments)
 {
     const QSharedPointer<Channel> channel = Channel::channel();
     if (!channel)
         throw Failure(arguments...);
-    QObject::connect(user, &User::send, channel.data(), &Channel::sendPassthrough);
+    QObject::connect(user, SIGNAL(send(QVariantMap)), channel.data(),
+                     SIGNAL(sendPassthrough(QVariantMap)));
     return channel;
 }
 

@@ -136,8 +136,8 @@ NotificationPrivate::NotificationPrivate(Notification* notification)
           tamomock::detail::joinChannel<tamomock::NotificationPpsChannel, NotificationException>(
               this, notificationMessages().systemIsMalfunctioning))
 {
-    connect(channel.data(), &tamomock::NotificationPpsChannel::receivePassthrough, this,
-            &NotificationPrivate::onResponse);
+    connect(channel.data(), SIGNAL(receivePassthrough(QVariantMap)), this,
+            SLOT(onResponse(QVariantMap)));
 }
 
 NotificationPrivate::~NotificationPrivate()
@@ -176,10 +176,10 @@ void NotificationPrivate::attach(PromptChoice* choice)
     const QMutexLocker locker(&choicesMutex);
     if (promptChoices.lastIndexOf(choice) == -1) {
         promptChoices.append(choice);
-        connect(choice, &QObject::destroyed, this, &NotificationPrivate::onChildDestroyed,
+        connect(choice, SIGNAL(destroyed(QObject*)), this, SLOT(onChildDestroyed(QObject*)),
                 Qt::UniqueConnection);
-        connect(this, &NotificationPrivate::selectedBroadcast, choice->d.get(),
-                &PromptChoicePrivate::onSelectedBroadcast);
+        connect(this, SIGNAL(selectedBroadcast(QString, QString, QString, QString)),
+                choice->d.get(), SLOT(onSelectedBroadcast(QString, QString, QString, QString)));
     }
     if (choice->parent() != q)
         choice->setParent(q);
@@ -247,9 +247,9 @@ void NotificationPrivate::detach(QObject* child)
         return;
     promptChoices.erase(rest, promptChoices.end());
     if (const auto* const choice = qobject_cast<PromptChoice*>(child)) {
-        disconnect(choice, &QObject::destroyed, this, &NotificationPrivate::onChildDestroyed);
-        disconnect(this, &NotificationPrivate::selectedBroadcast, choice->d.get(),
-                   &PromptChoicePrivate::onSelectedBroadcast);
+        disconnect(choice, SIGNAL(destroyed(QObject*)), this, SLOT(onChildDestroyed(QObject*)));
+        disconnect(this, SIGNAL(selectedBroadcast(QString, QString, QString, QString)),
+                   choice->d.get(), SLOT(onSelectedBroadcast(QString, QString, QString, QString)));
     }
 }
 
