@@ -97,11 +97,20 @@ Result BoxTest::run(const std::vector<std::string>& arguments, const std::string
 Box BoxTest::start(std::vector<std::string> application, const std::string& started,
                    const Process::Preparation& prepare) const
 {
+    return startNamed(uniqueName(), {}, application, started, prepare);
+}
+
+Box BoxTest::startNamed(const std::string& name, std::vector<std::string> options,
+                        const std::vector<std::string>& application, const std::string& started,
+                        const Process::Preparation& prepare) const
+{
     Box box;
-    box.name = uniqueName();
-    application.insert(application.begin(), {"run", "--box", box.name, "--"});
-    box.launcher = std::make_unique<Process>(tamoBox(std::move(application)), GetParam(),
-                                             std::string(), prepare);
+    box.name = name;
+    options.insert(options.begin(), {"run", "--box", name});
+    options.push_back("--");
+    options.insert(options.end(), application.begin(), application.end());
+    box.launcher =
+        std::make_unique<Process>(tamoBox(std::move(options)), GetParam(), std::string(), prepare);
     // Without its process ids a test must not go on: a signal to -1 reaches the whole machine.
     if (!box.launcher->printed(started))
         throw std::runtime_error("the box did not start: " + box.launcher->errors());
@@ -117,6 +126,13 @@ Box BoxTest::start(std::vector<std::string> application, const std::string& star
 Box BoxTest::startIdle() const
 {
     return start({helper("tamo-test-idle")});
+}
+
+Box BoxTest::startIdleWith(const std::vector<std::string>& options, const std::string& name,
+                           const Process::Preparation& prepare) const
+{
+    return startNamed(name.empty() ? uniqueName() : name, options, {helper("tamo-test-idle")},
+                      "started", prepare);
 }
 
 Result BoxTest::in(const Box& box, std::vector<std::string> arguments,

@@ -75,12 +75,19 @@ protected:
     /** Starts a box whose application does nothing until it is ended. */
     Box startIdle() const;
 
+    /** The same, with options for `run`, and under a name that was used before or a new one. */
+    Box startIdleWith(const std::vector<std::string>& options, const std::string& name = {},
+                      const Process::Preparation& prepare = {}) const;
+
     /** Runs tamo-box to its end, with `--box` for a box. */
     Result in(const Box& box, std::vector<std::string> arguments,
               const std::string& input = {}) const;
 
 private:
     static std::string uniqueName();
+    Box startNamed(const std::string& name, std::vector<std::string> options,
+                   const std::vector<std::string>& application, const std::string& started,
+                   const Process::Preparation& prepare) const;
 
     std::vector<std::string> m_mountsBefore;
     mutable std::vector<std::function<bool()>> m_boxesGone;

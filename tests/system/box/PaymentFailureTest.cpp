@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PaymentTest.h"
+
+#include <signal.h>
+
+using namespace boxtest;
+using namespace testing;
+
+namespace {
+
+class PaymentFailureTest : public PaymentTest
+{
+protected:
+    void killService(const Box& box) const
+    {
+        const pid_t killed = box.signal("payment-service", SIGKILL);
+        EXPECT_TRUE(box.launcher->complained("payment-service ended by signal 9; started again\n"));
+        EXPECT_TRUE(waitUntil([&] {
+            const pid_t now = box.find("payment-service");
+            return now != -1 && now != killed;
+        }));
+    }
+};
+
+TEST_P(PaymentFailureTest, MalformedRequestsAreErrorsAndNothingIsBought)
+{
+    const Box box = startIdle();
+    for (const char* type : {"paymentSystem", "getExistingPurchases", "getPrice", "checkExisting",
+                             "cancelSubscription"}) {
+        const std::string name = type;
+        for (const char* dat : {"dat:json:{}\n", "dat:json:[]\n", "dat::text\n", "",
+                                "dat:json:{\"digitalGoodID\":7,\"uiGroupID\":null}\n"})
+            EXPECT_THAT(answerTo(box, "msg::" + name + "Type\nid::9\n" + dat),
+                        AllOf(HasSubstr("id::9\nres::" + name + "Failure\n"),
+                              HasSubstr(R"({"errorID":7,"errorText":"The request is malformed: )")))
+                << type << dat;
+    }
+    EXPECT_EQ(purchasesAsJson(box), "[]\n");
+    EXPECT_TRUE(box.launcher->complained("was refused: The request is malformed: "));
+}
+
+TEST_P(PaymentFailureTest, WhatCannotBeAnsweredIsComplainedOf)
+{
+    const Box box = startIdle();
+    const Client client = startClient(box, {"msg::unheardOf\nid::1\n"});
+    EXPECT_TRUE(box.launcher->complained(
+        "a request of process " + client.pid +
+        " (tamo-test-clien) to services/paymentsystem/control has no effect: "
+        "there is no request 'unheardOf'\n"));
+    have(box, client, "id::1\n");
+    EXPECT_TRUE(box.launcher->complained("has no effect: msg must be a text"));
+    have(box, client, "msg::getPriceType\n");
+    EXPECT_TRUE(box.launcher->complained("has no effect: id must be a text"));
+    have(box, client, "msg::getPriceType\nid:n:5\n");
+    have(box, client, "msg::getPriceType\nid::\n");
+    EXPECT_TRUE(box.launcher->complained("has no effect: id must not be empty"));
+    EXPECT_EQ(occurrences(client.process->output(), "@control"), 0);
+}
+
+TEST_P(PaymentFailureTest, ApplicationsThatGoTakeTheirRequestsWithThem)
+{
+    const Box box = startIdle();
+    Client client = startClient(box, {purchase("1", "coins-100")});
+    EXPECT_THAT(in(box, {"payment", "list", "--json"}).output, HasSubstr("\"request\":1"));
+    killClient(box, client);
+    EXPECT_EQ(outputWith(box, {"payment", "list", "--json"}, "[]"), "[]\n");
+    EXPECT_THAT(in(box, {"payment", "approve", "--request", "1", "--wait", "1ms"}),
+                failsWith(1, "no request 1"));
+    EXPECT_EQ(purchasesAsJson(box), "[]\n");
+}
+
+TEST_P(PaymentFailureTest, AnApplicationThatDoesNotReadLosesAnswersAndIsNamed)
+{
+    const Box box = startIdle();
+    const Client deaf = startClient(box, {"deaf"});
+    std::string pattern = price("%d", "coins-100");
+    for (std::size_t at = pattern.find('\n'); at != std::string::npos; at = pattern.find('\n'))
+        pattern.replace(at, 1, "\\n");
+    const auto sender = sendMany(box, pattern, 200);
+    EXPECT_TRUE(sender->printed("sent"));
+    EXPECT_TRUE(box.launcher->complained("does not read what it is sent, and its queue is full"));
+    EXPECT_THAT(answerTo(box, price("1", "coins-100")), HasSubstr("$1.99"));
+}
+
+TEST_P(PaymentFailureTest, AKilledServiceKeepsWhatWasBoughtAndWhatWaits)
+{
+    const Box box = startIdle();
+    EXPECT_THAT(answerTo(box, purchase("1", "approved")), HasSubstr("purchase-1"));
+    EXPECT_THAT(in(box, {"clock", "advance", "2d"}), succeeds());
+    Client client = startClient(box, {purchase("8", "coins-100")});
+    Client leaving = startClient(box, {purchase("9", "coins-100")});
+    EXPECT_EQ(occurrences(in(box, {"payment", "list", "--json"}).output, "\"request\":"), 2);
+    killService(box);
+    EXPECT_TRUE(box.launcher->complained("payment-service: goes on with 2 requests that wait\n"));
+    EXPECT_THAT(answerTo(box, existing("2")), HasSubstr("purchase-1"));
+    EXPECT_THAT(in(box, {"clock"}).output, HasSubstr("(advanced by 2d)"));
+    EXPECT_THAT(in(box, {"payment", "approve"}), succeeds());
+    EXPECT_TRUE(client.heard("id::8 res::paymentSystemSuccess"));
+    killClient(box, leaving);
+    EXPECT_EQ(outputWith(box, {"payment", "list", "--json"}, "[]"), "[]\n");
+    killService(box);
+    EXPECT_EQ(occurrences(purchasesAsJson(box), "purchaseID"), 2);
+    EXPECT_EQ(occurrences(client.process->output(), "@control"), 1);
+}
+
+TEST_P(PaymentFailureTest, AnAnswerThatWouldBeTooLongIsAnError)
+{
+    const Box box = startIdle();
+    const std::string metadata(8192, 'x');
+    std::string request = purchase("1", "approved");
+    request.replace(request.find("\"meta\""), 6, '"' + metadata + '"');
+    for (int i = 0; i < 8; ++i)
+        EXPECT_THAT(answerTo(box, request), HasSubstr("paymentSystemSuccess"));
+    EXPECT_THAT(answerTo(box, existing("2")),
+                HasSubstr("res::getExistingPurchasesFailure\ndat:json:{\"errorID\":9,"));
+    request.insert(request.find("xxx"), "x");
+    EXPECT_THAT(answerTo(box, request), HasSubstr(R"("errorID":7)"));
+}
+
+BOX_TEST_USERS(PaymentFailureTest);
+
+} // namespace
