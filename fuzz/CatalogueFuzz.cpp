@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+// What anyone may have written as a catalogue, or into the state of a kept box: it is taken whole,
+// or refused with a sentence.
+#include "common/Failure.h"
+#include "pps/MessageWriter.h"
+#include "services/payment/Catalogue.h"
+#include "services/payment/PaymentState.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+using namespace tamobox;
+
+void require(bool condition, const char* what)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+void requireSentence(const Failure& failure)
+{
+    const std::string sentence = failure.what();
+    require(!sentence.empty(), "a refusal without a reason");
+    for (const char c : sentence)
+        require(static_cast<unsigned char>(c) >= ' ', "a reason that is not one line");
+}
+
+void readCatalogue(const std::string& text)
+{
+    try {
+        const Catalogue catalogue = Catalogue::parse(text, "file");
+        MessageWriter message; // what is sold has to find its way into a message
+        message.object("control").startArray("goods");
+        for (const Good& good : catalogue.goods()) {
+            require(catalogue.find(good.id, good.sku) == &good, "a good that is not found");
+            require(!good.price.empty(), "a good without a price");
+            require(!good.subscription || good.subscription->initialPeriod > 0,
+                    "a subscription without a period");
+            message.startObject(nullptr)
+                .add("id", good.id)
+                .add("sku", good.sku)
+                .add("name", good.name)
+                .add("price", good.price)
+                .add("licenseKey", good.licenseKey)
+                .endObject();
+        }
+        message.endArray();
+        message.text();
+    } catch (const Failure& failure) {
+        requireSentence(failure);
+        require(std::string(failure.what()).rfind("file", 0) == 0,
+                "a catalogue that was taken, but does not fit into a message");
+    }
+}
+
+void readState(const std::string& text)
+{
+    try {
+        const std::string once = stateToText(stateFromText(text));
+        require(stateToText(stateFromText(once)) == once, "a state that changes when it is kept");
+    } catch (const Failure& failure) {
+        requireSentence(failure);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string text(data, data + size);
+    readCatalogue(text);
+    readState(text);
+    return 0;
+}
