@@ -13,11 +13,6 @@ constexpr int longestPeriod = 36'500; // days
 
 } // namespace
 
-Catalogue Catalogue::builtin()
-{
-    return parse(builtinText(), "the catalogue of the box");
-}
-
 Catalogue Catalogue::parse(const std::string& text, const std::string& source)
 {
     if (text.size() > longestText)
