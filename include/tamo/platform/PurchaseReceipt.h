@@ -68,6 +68,7 @@ public:
     bool isSubscription() const;
 
 private:
+    friend class PurchaseReceiptPrivate;
     friend class tamomock::PurchaseReceiptEditor;
 
     const std::unique_ptr<PurchaseReceiptPrivate> d;

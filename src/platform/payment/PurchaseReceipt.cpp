@@ -59,17 +59,17 @@ int PurchaseReceipt::initialPeriod() const
 
 QDateTime PurchaseReceipt::date() const
 {
-    return d->fields.date;
+    return d->fields.date.toDateTime();
 }
 
 QDateTime PurchaseReceipt::startDate() const
 {
-    return d->fields.startDate;
+    return d->fields.startDate.toDateTime();
 }
 
 QDateTime PurchaseReceipt::endDate() const
 {
-    return d->fields.endDate;
+    return d->fields.endDate.toDateTime();
 }
 
 bool PurchaseReceipt::isSubscription() const

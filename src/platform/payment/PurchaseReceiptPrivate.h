@@ -2,13 +2,14 @@
 #ifndef TAMO_PLATFORM_PAYMENT_PURCHASERECEIPTPRIVATE_H
 #define TAMO_PLATFORM_PAYMENT_PURCHASERECEIPTPRIVATE_H
 
-#include <QtCore/QDateTime>
+#include "ReceiptDate.h"
+
+#include <tamo/platform/PurchaseReceipt.h>
+
 #include <QtCore/QString>
 
 namespace tamo {
 namespace platform {
-
-class PurchaseReceipt;
 
 /** A receipt's fields, and the way back to the receipt, which no copy takes over. */
 class PurchaseReceiptPrivate
@@ -18,14 +19,14 @@ public:
     struct Fields
     {
         int state = 5;
-        QDateTime date;
+        ReceiptDate date;
         QString digitalGoodId;
         QString digitalGoodSku;
         QString licenseKey;
         QString purchaseMetadata;
         QString purchaseId;
-        QDateTime startDate;
-        QDateTime endDate;
+        ReceiptDate startDate;
+        ReceiptDate endDate;
         int initialPeriod = -1;
     };
 
@@ -37,6 +38,8 @@ public:
     PurchaseReceiptPrivate(const PurchaseReceiptPrivate&) = delete;
     PurchaseReceiptPrivate& operator=(const PurchaseReceiptPrivate&) = delete;
     virtual ~PurchaseReceiptPrivate() = default;
+
+    static Fields& of(PurchaseReceipt& receipt) { return receipt.d->fields; }
 
     PurchaseReceipt* const q;
     Fields fields;

@@ -3,11 +3,7 @@
 
 #include "DecimalText.h"
 #include "MessageReader.h"
-
-#include <tamo/platform/PurchaseReceipt.h>
-#include <tamomock/PurchaseReceiptEditor.h>
-
-#include <limits>
+#include "PurchaseReceiptPrivate.h"
 
 namespace tamo {
 namespace platform {
@@ -16,28 +12,30 @@ namespace {
 
 constexpr int notTold = 5;
 
-using Editor = tamomock::PurchaseReceiptEditor;
+using Fields = PurchaseReceiptPrivate::Fields;
 
 struct TextField
 {
     const char* name;
-    Editor& (Editor::*set)(const QString&);
+    QString Fields::*text;
 };
 
 constexpr TextField textFields[] = {
-    {"digitalGoodID", &Editor::setDigitalGoodId}, {"digitalGoodSKU", &Editor::setDigitalGoodSku},
-    {"licenseKey", &Editor::setLicenseKey},       {"metaData", &Editor::setPurchaseMetadata},
-    {"purchaseID", &Editor::setPurchaseId},
+    {"digitalGoodID", &Fields::digitalGoodId}, {"digitalGoodSKU", &Fields::digitalGoodSku},
+    {"licenseKey", &Fields::licenseKey},       {"metaData", &Fields::purchaseMetadata},
+    {"purchaseID", &Fields::purchaseId},
 };
 
-void readPeriod(const MessageReader& reader, Editor& editor)
+void readPeriod(const MessageReader& reader, Fields& fields)
 {
     const std::optional<QString> start = reader.text("startDate");
     const std::optional<QString> end = reader.text("endDate");
-    if (start && end)
-        editor.setStartDate(dateFromText(*start)).setEndDate(dateFromText(*end));
+    if (start && end) {
+        fields.startDate = dateFromText(*start);
+        fields.endDate = dateFromText(*end);
+    }
     if (const std::optional<const char*> period = reader.utf8("initialPeriod"))
-        editor.setInitialPeriod(leadingInteger(*period).value_or(0));
+        fields.initialPeriod = leadingInteger(*period).value_or(0);
 }
 
 } // namespace
@@ -47,33 +45,29 @@ bool tellsPeriod(int state)
     return state != 0 && state != notTold;
 }
 
-QDateTime dateFromText(const QString& text)
+ReceiptDate dateFromText(const QString& text)
 {
     constexpr int shortestMilliseconds = 11;
     constexpr qint64 millisecondsPerSecond = 1000;
     bool isNumber = false;
     const qint64 number = text.toLongLong(&isNumber);
     if (!isNumber)
-        return QDateTime();
-    return QDateTime::fromMSecsSinceEpoch(
-        text.size() < shortestMilliseconds ? number * millisecondsPerSecond : number);
+        return ReceiptDate();
+    return ReceiptDate(text.size() < shortestMilliseconds ? number * millisecondsPerSecond
+                                                          : number);
 }
 
 void readReceipt(const MessageReader& reader, PurchaseReceipt& receipt)
 {
-    Editor editor(receipt);
-    int state = notTold;
-    if (const std::optional<const char*> text = reader.utf8("itemState"))
-        state = leadingInteger(*text).value_or(0);
-    if (tellsPeriod(state))
-        readPeriod(reader, editor);
-    editor.setState(state);
+    Fields& fields = PurchaseReceiptPrivate::of(receipt);
+    if (const std::optional<const char*> state = reader.utf8("itemState"))
+        fields.state = leadingInteger(*state).value_or(0);
+    if (tellsPeriod(fields.state))
+        readPeriod(reader, fields);
     if (const std::optional<QString> date = reader.text("date"))
-        editor.setDate(dateFromText(*date));
-    for (const TextField& field : textFields) {
-        if (const std::optional<QString> text = reader.text(field.name))
-            (editor.*field.set)(*text);
-    }
+        fields.date = dateFromText(*date);
+    for (const TextField& field : textFields)
+        reader.readText(field.name, fields.*field.text);
 }
 
 } // namespace platform

@@ -2,7 +2,8 @@
 #ifndef TAMO_PLATFORM_PAYMENT_RECEIPTREADER_H
 #define TAMO_PLATFORM_PAYMENT_RECEIPTREADER_H
 
-#include <QtCore/QDateTime>
+#include "ReceiptDate.h"
+
 #include <QtCore/QString>
 
 namespace tamo {
@@ -16,7 +17,7 @@ bool tellsPeriod(int state);
 
 /** A date that the payment system wrote: milliseconds since the epoch, or seconds where the text is
  * shorter than eleven characters. Null where it is not a number. */
-QDateTime dateFromText(const QString& text);
+ReceiptDate dateFromText(const QString& text);
 
 /** Sets what the object that the reader is in tells of a purchase. */
 void readReceipt(const MessageReader& reader, PurchaseReceipt& receipt);

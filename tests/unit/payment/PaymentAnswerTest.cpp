@@ -7,7 +7,6 @@
 
 #include <string>
 
-using tamo::platform::dateFromText;
 using tamo::platform::InterfaceResponse;
 using tamo::platform::PurchaseReceipt;
 using tamo::platform::readPaymentAnswer;
@@ -25,6 +24,11 @@ Response read(const std::string& text)
 Response answer(const std::string& res, const std::string& dat)
 {
     return read("@control\nmsg::x\nid::3\nres::" + res + "\ndat:json:" + dat + "\n");
+}
+
+QDateTime dateOf(const char* text)
+{
+    return tamo::platform::dateFromText(text).toDateTime();
 }
 
 const char* const failures[] = {"paymentSystemFailure", "getExistingPurchasesFailure",
@@ -178,14 +182,14 @@ TEST(PaymentAnswerTest, SubscriptionHasAPeriod)
 
 TEST(PaymentAnswerTest, DateIsOfSecondsOrOfMilliseconds)
 {
-    EXPECT_EQ(dateFromText("1300000000"), QDateTime::fromMSecsSinceEpoch(1300000000000));
-    EXPECT_EQ(dateFromText("1300000000000"), QDateTime::fromMSecsSinceEpoch(1300000000000));
-    EXPECT_EQ(dateFromText("13000000000"), QDateTime::fromMSecsSinceEpoch(13000000000));
-    EXPECT_EQ(dateFromText("0"), QDateTime::fromMSecsSinceEpoch(0));
-    EXPECT_EQ(dateFromText("-5"), QDateTime::fromMSecsSinceEpoch(-5000));
+    EXPECT_EQ(dateOf("1300000000"), QDateTime::fromMSecsSinceEpoch(1300000000000));
+    EXPECT_EQ(dateOf("1300000000000"), QDateTime::fromMSecsSinceEpoch(1300000000000));
+    EXPECT_EQ(dateOf("13000000000"), QDateTime::fromMSecsSinceEpoch(13000000000));
+    EXPECT_EQ(dateOf("0"), QDateTime::fromMSecsSinceEpoch(0));
+    EXPECT_EQ(dateOf("-5"), QDateTime::fromMSecsSinceEpoch(-5000));
     for (const char* const text : {"", "x", "12x", "1.5", "0x10", "99999999999999999999"})
-        EXPECT_TRUE(dateFromText(text).isNull()) << text;
-    dateFromText("9223372036854775807"); // whatever it is
+        EXPECT_TRUE(dateOf(text).isNull()) << text;
+    dateOf("9223372036854775807"); // whatever it is
 }
 
 TEST(PaymentAnswerTest, ExistingPurchasesAreAList)

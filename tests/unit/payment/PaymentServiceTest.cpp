@@ -9,6 +9,7 @@
 #include <tamomock/PurchaseReceiptEditor.h>
 
 #include <QMetaObject>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStringList>
 

@@ -93,6 +93,7 @@ TEST_F(PaymentServiceThreadsTest, ModesAndRequestsTakeTurns)
         made->onRequest = [made](int id) { made->answer(id); };
         return made;
     });
+    backEnd->onRequest = [first = backEnd](int id) { first->answer(id); };
     constexpr int rounds = 200;
     std::atomic<int> thrown{0};
     std::thread switching([this] {
