@@ -69,6 +69,9 @@ const std::array<AnswerName, 7>& answerNames()
 
 JsonText::JsonText(const std::string& text, const std::string& source)
 {
+    // The parser would take a zero byte for the end of the text.
+    if (const std::size_t zero = text.find('\0'); zero != std::string::npos)
+        throw Failure(source + ": " + placeIn(text, zero) + ": There is a zero byte.");
     // Iterative: a text may be nested deeper than the stack is. Strict about encodings.
     constexpr unsigned flags = rapidjson::kParseIterativeFlag |
                                rapidjson::kParseValidateEncodingFlag |

@@ -113,6 +113,8 @@ TEST(CatalogueTest, AGoodIsFoundByIdOrSkuOrBoth)
 TEST(CatalogueTest, WhatIsNoJsonIsRefusedWithItsPlace)
 {
     EXPECT_EQ(failureOf("{\n  \"goods\": [,]\n}"), "file: line 2, column 13: Invalid value.");
+    EXPECT_EQ(failureOf(std::string("{\"goods\":[]}\0x", 14)),
+              "file: line 1, column 13: There is a zero byte.");
     EXPECT_THAT(failureOf(""), StartsWith("file: line 1, column 1: "));
     EXPECT_THAT(failureOf("{\"goods\":[]} x"), StartsWith("file: line 1, column "));
     EXPECT_THAT(failureOf("{\"goods\":[{\"id\":\"\xff\"}]}"), StartsWith("file: line 1"));
@@ -132,6 +134,8 @@ TEST(CatalogueTest, WhatIsWrongIsRefusedWithItsPath)
               "file: goods[0].id must be a text");
     EXPECT_THAT(failureOf(with(R"("sku":"")")), HasSubstr("goods[0].sku must be a text of 1 to"));
     EXPECT_THAT(failureOf(with(R"("sku":"a\u0000b")")), HasSubstr("control characters"));
+    EXPECT_THAT(failureOf(with(R"("sku":"\udc00")")), Not(Eq("taken")));
+    EXPECT_THAT(failureOf(with(R"("sku":"\ud800x")")), Not(Eq("taken")));
     EXPECT_THAT(failureOf(with(R"("price":"$2")")), HasSubstr("goods[0].price is there twice"));
     EXPECT_THAT(failureOf(R"({"goods":[{"id":"a","name":"A","price":"1"},)"
                           R"({"id":"a","name":"B","price":"2"}]})"),
