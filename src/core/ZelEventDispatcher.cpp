@@ -2,6 +2,7 @@
 #include "ZelEventDispatcher.h"
 
 #include "DispatchGate.h"
+#include "InitialExec.h"
 #include "Log.h"
 #include "NeverDestroyed.h"
 #include "ZelEventHandler.h"
@@ -32,8 +33,7 @@ struct ZelEventDispatcher::Registry
 
 namespace {
 
-// Found without a call of the loader.
-thread_local bool isInDispatchThread __attribute__((tls_model("initial-exec"))) = false;
+TAMO_INITIAL_EXEC thread_local bool isInDispatchThread = false;
 
 } // namespace
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "LedLock.h"
 
+#include "core/InitialExec.h"
+
 #include <condition_variable>
 #include <mutex>
 #include <utility>
@@ -32,8 +34,7 @@ LedLock::Shared& LedLock::shared()
 
 LedLock::Thread* LedLock::acquire()
 {
-    // Found without a call of the loader.
-    static thread_local Thread self __attribute__((tls_model("initial-exec")));
+    TAMO_INITIAL_EXEC static thread_local Thread self;
     std::unique_lock lock(shared().mutex);
     self.wanted = this;
     shared().givenBack.wait(lock, [this] { return !m_holder || waitsFor(&self); });

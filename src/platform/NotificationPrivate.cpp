@@ -3,6 +3,7 @@
 
 #include "NotificationMessages.h"
 #include "PromptChoicePrivate.h"
+#include "core/InitialExec.h"
 #include "mock/ChannelShare.h"
 #include "pps/ServiceMessage.h"
 
@@ -49,7 +50,7 @@ const QString& addresseeOf(const QVariantMap& response)
         QVariantMap response; // kept, so that no other one takes its place in memory
         QString id;
     };
-    static thread_local Last last;
+    TAMO_INITIAL_EXEC static thread_local Last last;
     if (!last.response.isSharedWith(response)) {
         const QVariantMap& control = memberMap(response, QStringLiteral("@control"));
         const QVariantMap& dat = memberMap(control, QStringLiteral("dat"));

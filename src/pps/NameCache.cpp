@@ -2,6 +2,7 @@
 #include "NameCache.h"
 
 #include "Utf8Text.h"
+#include "core/InitialExec.h"
 
 #include <QtCore/QtAlgorithms>
 #include <QtCore/QtEndian>
@@ -42,9 +43,6 @@ std::size_t hashOf(const Words& words)
 }
 
 } // namespace
-
-// Found without a call of the loader. Such storage is scarce in a process, and these few bytes fit.
-#define TAMO_INITIAL_EXEC __attribute__((tls_model("initial-exec")))
 
 NameCache* NameCache::ofThisThread()
 {
