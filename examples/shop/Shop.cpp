@@ -82,7 +82,7 @@ void Shop::onTerms(const SubscriptionTermsResponseInfo& info)
     end(info, [&] {
         std::cout << info.digitalGoodId() << " costs " << info.price() << " for "
                   << info.initialPeriod() << " days, then " << info.renewalPrice() << " for each "
-                  << info.renewalPeriod();
+                  << info.renewalPeriod() << " days";
     });
 }
 
