@@ -164,8 +164,25 @@ TEST_P(RunTest, APipeThatTheApplicationClosesIsClosed)
 TEST_P(RunTest, ObjectsOfTheServicesAreThereUnpublished)
 {
     EXPECT_EQ(inside({"sh", "-c", "cd /pps && find . -type f -size 0 | sort"}),
-              "./box/display\n./box/navigator\n./box/power\n./services/navigator/control\n"
-              "./services/navigator/events\n./services/power/battery\n./services/power/charger\n");
+              "./box/clock\n"
+              "./box/display\n"
+              "./box/navigator\n"
+              "./box/network\n"
+              "./box/notification\n"
+              "./box/notifications\n"
+              "./box/payment\n"
+              "./box/power\n"
+              "./box/purchases/0\n"
+              "./box/waiting/0\n"
+              "./services/dialog/control\n"
+              "./services/led/control\n"
+              "./services/navigator/control\n"
+              "./services/navigator/events\n"
+              "./services/network/events\n"
+              "./services/notification/control\n"
+              "./services/paymentsystem/control\n"
+              "./services/power/battery\n"
+              "./services/power/charger\n");
 }
 
 TEST_P(RunTest, ServicesListenBeforeTheApplicationStarts)
