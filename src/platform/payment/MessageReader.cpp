@@ -4,6 +4,7 @@
 #include "pps/Utf8Text.h"
 
 #include <cstring>
+#include <string_view>
 
 namespace tamo {
 namespace platform {
@@ -24,7 +25,7 @@ std::optional<Value> valueOf(const pps_decoder_t& decoder, const char* name, Get
 MessageReader::MessageReader(const char* text, std::size_t length) : m_text(text, text + length)
 {
     // The decoder would take the text to end at a zero.
-    const bool isText = std::memchr(m_text.data(), '\0', length) == nullptr;
+    const bool isText = std::string_view(text, length).find('\0') == std::string_view::npos;
     m_text.push_back('\0');
     m_isValid = pps_decoder_initialize(&m_decoder, isText ? m_text.data() : nullptr) == 0 && isText;
 }
