@@ -333,7 +333,7 @@ TEST_F(PaymentServiceTest, ReceiverThatIsGoneAndSlotThatIsNotThereLoseTheAnswer)
 TEST_F(PaymentServiceTest, ModeThatIsSetAlreadyStays)
 {
     service.setConnectionMode(1);
-    EXPECT_EQ(modes, QList<int>());
+    EXPECT_TRUE(modes.isEmpty());
     service.setConnectionMode(0);
     service.setConnectionMode(0);
     EXPECT_EQ(modes, (QList<int>{-1, 0})); // deleted before the next is made
