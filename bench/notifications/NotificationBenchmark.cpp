@@ -2,6 +2,7 @@
 // What notifications, choices and Leds cost a process, by themselves: no service, no /pps.
 #include "Benchmark.h"
 #include "Clock.h"
+#include "FullNotification.h"
 #include "Statistics.h"
 #include "Work.h"
 
@@ -27,7 +28,6 @@ namespace {
 
 using tamo::device::Led;
 using tamo::platform::Notification;
-
 using tamo::platform::PromptChoice;
 using tamomock::LedPpsChannel;
 using tamomock::NotificationPpsChannel;
@@ -75,22 +75,6 @@ struct Channels
         QSharedPointer<NotificationPpsChannel>::create(NotificationPpsChannel::WithoutPps());
 };
 
-void fill(Notification& notification)
-{
-    notification.setBody("The update is ready. Install it?");
-    notification.setLedColor(tamo::device::LedColor::Green);
-    notification.setMetadata("update 1.2.3");
-    notification.setTime(QDateTime::currentDateTime());
-    notification.setDuration(60);
-    notification.setSound("file:///usr/share/sounds/chime.wav");
-    notification.setIcon(QUrl("file:///usr/share/icons/update.png"));
-    for (const char* label : {"now", "tonight", "never"}) {
-        auto* const choice = new PromptChoice(&notification);
-        choice->setLabel(label);
-        choice->setMetadata(label);
-    }
-}
-
 /** An answer to a notification, as it is decoded. */
 QVariantMap answerTo(const QString& id)
 {
@@ -137,6 +121,16 @@ void measureNotify(Report& report, const Channels& channels)
                      [&text](const QVariantMap& map) { text = tamo::PpsAccessor::encode(map); });
     const Comparison comparison(
         2'000, [&] { notification.notify(); }, [&] { text = tamo::PpsAccessor::encode(message); });
+    const QString bodies[] = {"The update is ready. Install it?",
+                              "The update is there. Install it?"};
+    int edition = 0;
+    const Comparison changing(
+        2'000,
+        [&] {
+            notification.setBody(bodies[++edition % 2]);
+            notification.notify();
+        },
+        [&] { text = tamo::PpsAccessor::encode(message); });
     QObject::disconnect(channels.notification.data(), &NotificationPpsChannel::sendPassthrough,
                         nullptr, nullptr);
     report.addRatio("notify() with three choices, " + std::to_string(text.size()) + " bytes",
