@@ -2,13 +2,9 @@
 #ifndef TAMO_BENCH_BATTERYAPPLICATION_H
 #define TAMO_BENCH_BATTERYAPPLICATION_H
 
-#include "ChildProcess.h"
-#include "Descriptor.h"
+#include "ApplicationProcess.h"
 #include "PpsTransport.h"
-#include "SharedMemory.h"
 
-#include <atomic>
-#include <cstdint>
 #include <memory>
 
 namespace tamobench {
@@ -17,9 +13,6 @@ namespace tamobench {
 class BatteryApplication
 {
 public:
-    /** Which of Qt's event dispatchers the application runs on. */
-    enum Dispatcher { GLib, Unix };
-
     /**
      * Publishes the battery's and the charger's objects and starts the application; returns when
      * its event loop runs.
@@ -35,16 +28,13 @@ public:
     double publish();
 
 private:
-    void run(Dispatcher dispatcher);
-    void awaitDone(const char* what);
+    void run();
 
-    SharedMemory<std::atomic<int>> m_expected;
-    SharedMemory<std::atomic<std::int64_t>> m_heard;
-    Descriptor m_done;
+    int m_level = 50;
     PpsTransport m_battery;
     PpsTransport m_charger;
     std::unique_ptr<Publisher> m_publisher;
-    ChildProcess m_process;
+    ApplicationProcess m_process;
 };
 
 } // namespace tamobench

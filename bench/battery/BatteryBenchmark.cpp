@@ -5,7 +5,6 @@
 #include "Duel.h"
 #include "SubscriberGroup.h"
 
-#include <array>
 #include <string>
 
 #include <PrivatePps.h>
@@ -16,28 +15,18 @@ namespace {
 constexpr std::size_t batteryMessageSize = 32;
 constexpr Target twice = {Target::AtMost, 2};
 
-struct Case
-{
-    BatteryApplication::Dispatcher dispatcher;
-    const char* name;
-};
-const std::array<Case, 2> cases = {{
-    {BatteryApplication::GLib, "battery to levelChanged, GLib dispatcher"},
-    {BatteryApplication::Unix, "battery to levelChanged, Qt's own dispatcher"},
-}};
-
 void measure(Report& report)
 {
     const tamotest::PpsFilesystem filesystem;
     PpsTransport pps("/pps/bench");
     SubscriberGroup bare(pps, 1, 1);
-    for (const Case& measured : cases) {
-        BatteryApplication application(measured.dispatcher);
+    for (const NamedDispatcher& with : dispatchers) {
+        BatteryApplication application(with.dispatcher);
         Duel duel;
         duel.enter("application", [&] { return application.publish(); });
         duel.enter("a bare read", [&] { return bare.publish(batteryMessageSize); });
         duel.fight();
-        duel.report(report, measured.name, {twice});
+        duel.report(report, std::string("battery to levelChanged, ") + with.name, {twice});
     }
 }
 
