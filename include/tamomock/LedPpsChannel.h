@@ -29,10 +29,16 @@ namespace tamomock {
  * thread that it lives in; a user that comes before that event loop's turn gets a new one.
  * A channel that somebody has installed is deleted by what its QSharedPointer says.
  *
+ * What a default channel's service has no room for, because it has not read so much yet, waits and
+ * follows in order while the event loop runs, and for at most half a second when the channel is
+ * deleted; a line on standard error says what is lost then.
+ *
  * **Threads.** The static operations may be called from any thread. A default channel lives in the
  * thread of its first user; when that thread ends, it moves to the thread of the
  * QCoreApplication. Connections are automatic: to and from users in other threads maps are queued,
  * and the channel's thread needs an event loop. It needs one for whatever is received.
+ * Without an event loop that turns, channels are not deleted: a thread that makes and deletes users in
+ * a loop of its own keeps one of them for as long.
  *
  * @since 0.1
  */

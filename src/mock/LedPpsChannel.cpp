@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <tamomock/LedPpsChannel.h>
 
+#include "ChannelObjects.h"
 #include "CurrentChannel.h"
-
-#include <tamo/Exception.h>
-#include <tamo/PpsAccessor.h>
-#include <tamo/PpsObject.h>
 
 namespace tamomock {
 
-using tamo::PpsAccessor;
 using tamo::PpsObject;
 
 namespace {
@@ -21,24 +17,16 @@ detail::CurrentChannel<LedPpsChannel>& current()
     return instance;
 }
 
-PpsAccessor* openAccessor(const QString& path, PpsObject::OpenMode mode, QObject* parent)
-{
-    auto* const object = new PpsObject(path, parent);
-    if (!object->open(mode))
-        throw tamo::Exception();
-    return new PpsAccessor(object, object);
-}
-
 } // namespace
 
 LedPpsChannel::LedPpsChannel()
 {
-    const PpsAccessor* const control =
-        openAccessor(QStringLiteral("/pps/services/led/control"), PpsObject::Publish, this);
-    const PpsAccessor* const status =
-        openAccessor(QStringLiteral("/pps/services/led/status"), PpsObject::Subscribe, this);
-    connect(status, &PpsAccessor::received, this, &LedPpsChannel::receivePassthrough);
-    connect(this, &LedPpsChannel::sendPassthrough, control, &PpsAccessor::send);
+    PpsObject* const control =
+        detail::openObject(QStringLiteral("/pps/services/led/control"), PpsObject::Publish, this);
+    PpsObject* const status =
+        detail::openObject(QStringLiteral("/pps/services/led/status"), PpsObject::Subscribe, this);
+    detail::receiveFrom(status, this);
+    detail::sendTo(control, this);
 }
 
 LedPpsChannel::LedPpsChannel(WithoutPps) {}

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <tamomock/NotificationPpsChannel.h>
 
+#include "ChannelObjects.h"
 #include "CurrentChannel.h"
-
-#include <tamo/PpsAccessor.h>
 
 namespace tamomock {
 
-using tamo::PpsAccessor;
+using tamo::PpsObject;
 
 namespace {
 
@@ -27,9 +26,10 @@ Current& current()
 
 NotificationPpsChannel::NotificationPpsChannel()
 {
-    const auto* const accessor = new PpsAccessor(path(), this);
-    connect(accessor, &PpsAccessor::received, this, &NotificationPpsChannel::receivePassthrough);
-    connect(this, &NotificationPpsChannel::sendPassthrough, accessor, &PpsAccessor::send);
+    PpsObject* const control =
+        detail::openObject(path(), PpsObject::Publish | PpsObject::Subscribe, this);
+    detail::receiveFrom(control, this);
+    detail::sendTo(control, this);
 }
 
 NotificationPpsChannel::NotificationPpsChannel(WithoutPps) {}

@@ -13,9 +13,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <vector>
+
 #include <sys/stat.h>
 
 using tamo::platform::Notification;
@@ -58,6 +63,22 @@ protected:
         service->answer({{"msg", msg}, {"dat", QVariantMap{{"id", id}, {"context", "c"}}}});
     }
 
+    /** Reads requests in another thread: what each is, and the body or id that it names. */
+    std::future<QStringList> readInBackground(int count)
+    {
+        return std::async(std::launch::async, [this, count] {
+            QStringList read;
+            for (int i = 0; i < count; ++i) {
+                const QVariantMap request = service->next();
+                if (request.isEmpty())
+                    break;
+                const QVariantMap dat = request.value("dat").toMap();
+                read += request.value("msg").toString() + ' ' + dat.value("text").toString();
+            }
+            return read;
+        });
+    }
+
     bool hasCaught(const Texts& texts)
     {
         return QTest::qWaitFor([&] { return application.caught == texts; });
@@ -98,6 +119,33 @@ TEST_F(NotificationSystemTest, IsPostedWithItsChoicesAndAnswered)
     ASSERT_TRUE(noSelected.wait());
     EXPECT_EQ(noSelected, (QList<QVariantList>{{"c", "no", "data"}}));
     EXPECT_TRUE(yesSelected.isEmpty());
+}
+
+// A mailbox takes 128 requests that nobody has read.
+TEST_F(NotificationSystemTest, MoreThanTheServicesMailboxTakesFollowsInOrder)
+{
+    QStringList sent;
+    for (int i = 0; i < 500; ++i) {
+        notification->setBody(QString::number(i));
+        notification->notify();
+        sent += "Notify " + notification->body();
+    }
+    std::future<QStringList> read = readInBackground(500);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return read.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
+        20'000));
+    EXPECT_EQ(read.get(), sent);
+}
+
+TEST_F(NotificationSystemTest, LastWithdrawalsReachTheServiceBeforeTheChannelEnds)
+{
+    std::vector<std::unique_ptr<Notification>> others(500);
+    std::generate(others.begin(), others.end(), [] { return std::make_unique<Notification>(); });
+    std::future<QStringList> read = readInBackground(501);
+    others.clear();
+    notification.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(read.get().count("Cancel "), 501);
 }
 
 TEST_F(NotificationSystemTest, EachAnswerReachesItsNotificationAlone)
