@@ -37,8 +37,8 @@ namespace tamomock {
  * thread of its first user; when that thread ends, it moves to the thread of the
  * QCoreApplication. Connections are automatic: to and from users in other threads maps are queued,
  * and the channel's thread needs an event loop. It needs one for whatever is received.
- * Without an event loop that turns, channels are not deleted: a thread that makes and deletes users in
- * a loop of its own keeps one of them for as long.
+ * Without an event loop that turns, channels are not deleted: a thread that makes and deletes users
+ * in a loop of its own keeps one of them for as long.
  *
  * @since 0.1
  */
