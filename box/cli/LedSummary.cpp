@@ -8,6 +8,8 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
+
 namespace tamobox {
 
 namespace {
@@ -43,18 +45,21 @@ std::string ledSummary(const LedState& state)
 {
     const std::string light =
         state.lit == LedColor::None ? "dark" : std::string("lit ") + nameOf(state.lit);
-    if (state.requests.empty())
+    if (!state.shown())
         return state.lit == LedColor::None ? "off" : light;
-    const std::string text = light + "; flashes " + describe(state.requests.front());
-    const std::size_t waiting = state.requests.size() - 1;
+    const std::string text = light + "; flashes " + describe(*state.shown());
+    const auto waiting =
+        std::count_if(state.requests.begin(), state.requests.end(),
+                      [&state](const LedRequest& request) { return state.waits(request); });
     return waiting == 0 ? text : text + "; " + std::to_string(waiting) + " waiting";
 }
 
 std::string ledToText(const LedState& state)
 {
     std::string text = ledSummary(state) + '\n';
-    for (std::size_t i = 1; i < state.requests.size(); ++i)
-        text += "  waits: " + describe(state.requests[i]) + '\n';
+    for (const LedRequest& request : state.requests)
+        if (state.waits(request))
+            text += "  waits: " + describe(request) + '\n';
     return text;
 }
 
@@ -64,13 +69,14 @@ std::string ledToJson(const LedState& state)
     json.startObject().key("lit");
     state.lit == LedColor::None ? json.null() : json.string(nameOf(state.lit));
     json.key("shown");
-    if (state.requests.empty())
-        json.null();
+    if (state.shown())
+        write(json, *state.shown());
     else
-        write(json, state.requests.front());
+        json.null();
     json.key("waiting").startArray();
-    for (std::size_t i = 1; i < state.requests.size(); ++i)
-        write(json, state.requests[i]);
+    for (const LedRequest& request : state.requests)
+        if (state.waits(request))
+            write(json, request);
     return json.endArray().endObject().text();
 }
 

@@ -29,7 +29,8 @@ class OrientationHandler;
  * while it may be called.
  *
  * Where the platform's event library fails, connecting throws tamo::Exception, and there is no
- * connection then.
+ * connection then. Where it only has no such events, as outside of a box, the connection holds and
+ * hears nothing.
  *
  * **Turning.** When the phone is turned, the application is asked first whether it turns along; the
  * answer is what setAllowedOrientation() has said. If it does, the window gets the new angle, and

@@ -43,6 +43,7 @@ bool LedSchedule::advance(Clock::time_point now)
     m_lastChange = now;
     if (m_state.lit != LedColor::None) {
         m_state.lit = LedColor::None;
+        m_state.litFor.reset();
         removeIf(isShown);
         return true;
     }
@@ -50,6 +51,7 @@ bool LedSchedule::advance(Clock::time_point now)
     m_state.lit = shown.color;
     if (shown.remaining > 0)
         --shown.remaining;
+    m_state.litFor = shown;
     return true;
 }
 

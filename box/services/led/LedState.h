@@ -6,6 +6,7 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,8 +31,23 @@ struct LedRequest
 /** What the LED does. */
 struct LedState
 {
-    LedColor lit = LedColor::None;    ///< the colour at this moment
-    std::vector<LedRequest> requests; ///< the newest, which is shown, first; then those that wait
+    LedColor lit = LedColor::None; ///< the colour at this moment
+    /** For whom it is lit, as of the beginning of the flash; the request may have ended since. */
+    std::optional<LedRequest> litFor = {};
+    std::vector<LedRequest> requests = {}; ///< the newest, whose flash is next, first
+
+    /** The request whose flash is lit, or else comes next; null where none is there. */
+    const LedRequest* shown() const
+    {
+        return litFor ? &*litFor : requests.empty() ? nullptr : &requests.front();
+    }
+
+    /** Whether a request is another one than the one that is shown. */
+    bool waits(const LedRequest& request) const
+    {
+        return litFor ? !litFor->isOf(request.client, request.id) || litFor->color != request.color
+                      : &request != shown();
+    }
 };
 
 } // namespace tamobox

@@ -31,7 +31,8 @@ class DisplayManagerPrivate;
  *
  * One manager of a process is told of changes: the first that something was connected to. Where the
  * platform's event library fails, connecting throws tamo::Exception, and there is no connection
- * then.
+ * then. Where it only has no such events, as outside of a box, the connection holds and hears
+ * nothing.
  *
  * @since 0.1
  */

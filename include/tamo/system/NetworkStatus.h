@@ -17,7 +17,8 @@ namespace system {
  * that thread: it may ask, connect and disconnect, must be quick, and must not wait for another
  * thread that uses this class. While the application object is being destroyed, nothing is emitted.
  * Where the platform's event library fails, connecting throws tamo::Exception, and there is no
- * connection then.
+ * connection then. Where it only has no such events, as outside of a box, the connection holds and
+ * hears nothing.
  *
  * @since 0.1
  */

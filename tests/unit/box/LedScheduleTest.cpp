@@ -144,4 +144,22 @@ TEST_F(LedScheduleTest, GoesOnWithRequestsFromBefore)
     EXPECT_THAT(nextChanges(3), ElementsAre("blue", "", "-"));
 }
 
+TEST_F(LedScheduleTest, IsLitForTheRequestWhoseFlashHasBegun)
+{
+    m_schedule.add(request(1, "1", LedColor::Red, 2));
+    ASSERT_NE(m_schedule.state().shown(), nullptr);
+    EXPECT_EQ(m_schedule.state().shown()->color, LedColor::Red);
+    next();
+    m_schedule.add(request(2, "1", LedColor::Green, 1));
+    EXPECT_EQ(m_schedule.state().shown()->color, LedColor::Red);
+    EXPECT_FALSE(m_schedule.state().waits(m_schedule.state().requests.at(1)));
+    EXPECT_TRUE(m_schedule.state().waits(m_schedule.state().requests.at(0)));
+    m_schedule.forget(1);
+    EXPECT_EQ(m_schedule.state().shown()->color, LedColor::Red);
+    next();
+    EXPECT_EQ(m_schedule.state().shown()->color, LedColor::Green);
+    m_schedule.forget(2);
+    EXPECT_EQ(m_schedule.state().shown(), nullptr);
+}
+
 } // namespace

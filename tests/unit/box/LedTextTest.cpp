@@ -12,12 +12,16 @@ TEST(LedTextTest, WhatIsWrittenIsRead)
 {
     LedState written;
     written.lit = LedColor::Magenta;
+    written.litFor = LedRequest{9, 14, "ended", "2", LedColor::Magenta, 0};
     written.requests = {{7, 12, "app", "1", LedColor::Magenta, 3},
                         {8, 0, "", "a\nb", LedColor::White, -1}};
     MessageWriter message;
     writeLed(message.object("led"), written);
     const LedState read = readLed(message.text());
     EXPECT_EQ(read.lit, LedColor::Magenta);
+    ASSERT_TRUE(read.litFor);
+    EXPECT_TRUE(read.litFor->isOf(9, "2"));
+    EXPECT_EQ(read.litFor->application, "ended");
     ASSERT_EQ(read.requests.size(), 2U);
     EXPECT_TRUE(read.requests[0].isOf(7, "1"));
     EXPECT_EQ(read.requests[0].process, 12);
