@@ -25,7 +25,7 @@ protected:
         tamotest::publish("services/led/status", "red::off\ngreen::off\nblue::off\n");
         m_led.emplace("services/led/control");
         m_notification.emplace("services/notification/control");
-        m_application.start(TAMO_TEST_THREE_ANSWERS, {});
+        m_application.start(TAMO_TEST_THREE_ANSWERS, QStringList());
     }
     ~ThreeAnswersTest() override
     {
