@@ -214,7 +214,7 @@ TEST_P(LedTest, NumberOfRequestsIsLimited)
                                257);
     ASSERT_TRUE(many->printed("sent"));
     EXPECT_TRUE(box.launcher->complained("has no effect: it has 256 requests already\n"));
-    EXPECT_THAT(in(box, {"led"}).output, HasSubstr("id 256, until cancelled; 255 waiting\n"));
+    outputWith(box, {"led"}, "id 256, until cancelled; 255 waiting\n");
     const Client client = startClient(box, {flash("1", "blue", -1)});
     outputWith(box, asJson, "\"lit\":\"blue\"");
 }
