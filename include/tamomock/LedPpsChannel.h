@@ -30,8 +30,9 @@ namespace tamomock {
  * A channel that somebody has installed is deleted by what its QSharedPointer says.
  *
  * What a default channel's service has no room for, because it has not read so much yet, waits and
- * follows in order while the event loop runs, and for at most half a second when the channel is
- * deleted; a line on standard error says what is lost then.
+ * follows in order while the event loop runs. Deleting the channel waits for it as long as the
+ * service goes on reading, which it may pause for half a second; a line on standard error says what
+ * is lost then.
  *
  * **Threads.** The static operations may be called from any thread. A default channel lives in the
  * thread of its first user; when that thread ends, it moves to the thread of the

@@ -34,9 +34,14 @@ Outbox::Outbox(tamo::PpsObject* object, QObject* parent) : QObject(parent), m_ob
 
 Outbox::~Outbox()
 {
-    const QDeadlineTimer limit(lastLimit);
-    for (sendWaiting(); !m_waiting.isEmpty() && !limit.hasExpired(); sendWaiting())
+    QDeadlineTimer limit(lastLimit);
+    auto waiting = m_waiting.size();
+    for (sendWaiting(); !m_waiting.isEmpty() && !limit.hasExpired(); sendWaiting()) {
+        if (m_waiting.size() < waiting)
+            limit.setRemainingTime(lastLimit);
+        waiting = m_waiting.size();
         std::this_thread::sleep_for(lastPause);
+    }
     if (!m_waiting.isEmpty())
         qWarning("tamomock: %d messages were not sent: the service does not read them",
                  static_cast<int>(m_waiting.size()));

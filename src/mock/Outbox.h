@@ -25,7 +25,8 @@ public:
     /** @param object open for publishing; becomes a child */
     Outbox(tamo::PpsObject* object, QObject* parent);
 
-    /** Writes what waits, within half a second; says how much is lost then. */
+    /** Writes what waits, as long as the service goes on reading: it is not waited for longer than
+     * half a second. Says how much is lost then. */
     ~Outbox() override;
 
     /** @throws tamo::Exception where the map cannot be encoded */
