@@ -73,9 +73,9 @@ JsonText::JsonText(const std::string& text, const std::string& source)
     if (const std::size_t zero = text.find('\0'); zero != std::string::npos)
         throw Failure(source + ": " + placeIn(text, zero) + ": There is a zero byte.");
     // Iterative: a text may be nested deeper than the stack is. Strict about encodings.
-    constexpr unsigned flags = rapidjson::kParseIterativeFlag |
-                               rapidjson::kParseValidateEncodingFlag |
-                               rapidjson::kParseFullPrecisionFlag;
+    // Not with full precision, which is undefined for some zeros, and wanted for no number here.
+    constexpr unsigned flags =
+        rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
     m_document.Parse<flags>(text.data(), text.size());
     if (m_document.HasParseError())
         throw Failure(source + ": " + placeIn(text, m_document.GetErrorOffset()) + ": " +
