@@ -70,7 +70,7 @@ QString Notification::body() const
 
 void Notification::setBody(const QString& body)
 {
-    if (d->set(d->body, body))
+    if (d->set(NotificationPrivate::Body, d->body, body))
         Q_EMIT bodyChanged(body);
 }
 
@@ -86,7 +86,7 @@ LedColor::Type Notification::ledColor() const
 
 void Notification::setLedColor(LedColor::Type color)
 {
-    if (d->set(d->ledColor, color))
+    if (d->set(NotificationPrivate::LedColor, d->ledColor, color))
         Q_EMIT ledColorChanged(color);
 }
 
@@ -102,7 +102,7 @@ NotificationTextMode::Type Notification::textMode() const
 
 void Notification::setTextMode(NotificationTextMode::Type mode)
 {
-    if (d->set(d->textMode, mode))
+    if (d->set(NotificationPrivate::TextMode, d->textMode, mode))
         Q_EMIT textModeChanged(mode);
 }
 
@@ -118,7 +118,7 @@ QDateTime Notification::time() const
 
 void Notification::setTime(const QDateTime& time)
 {
-    if (d->set(d->time, time))
+    if (d->set(NotificationPrivate::Time, d->time, time))
         Q_EMIT timeChanged(time);
 }
 
@@ -135,7 +135,7 @@ int Notification::duration() const
 void Notification::setDuration(int seconds)
 {
     const int duration = std::clamp(seconds, 0, secondsPerYear);
-    if (d->set(d->duration, duration))
+    if (d->set(NotificationPrivate::Momentary, d->duration, duration))
         Q_EMIT durationChanged(duration);
 }
 
@@ -151,7 +151,7 @@ QUrl Notification::icon() const
 
 void Notification::setIcon(const QUrl& icon)
 {
-    if (d->set(d->icon, icon))
+    if (d->set(NotificationPrivate::Icon, d->icon, icon))
         Q_EMIT iconChanged(icon);
 }
 
@@ -167,7 +167,7 @@ QString Notification::sound() const
 
 void Notification::setSound(const QString& sound)
 {
-    if (d->set(d->sound, sound))
+    if (d->set(NotificationPrivate::Sound, d->sound, sound))
         Q_EMIT soundChanged(sound);
 }
 
@@ -183,7 +183,7 @@ QString Notification::metadata() const
 
 void Notification::setMetadata(const QString& metadata)
 {
-    if (d->set(d->metadata, metadata))
+    if (d->set(NotificationPrivate::Metadata, d->metadata, metadata))
         Q_EMIT metadataChanged(metadata);
 }
 

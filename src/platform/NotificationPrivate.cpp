@@ -70,31 +70,41 @@ QVariant timeText(Source d)
     return d.time.isNull() ? QVariant() : QString::number(d.time.toMSecsSinceEpoch());
 }
 
-/** What a Notify message holds. */
+/** An entry of a Notify message, and what it is made of. */
+struct Line
+{
+    unsigned fields; ///< any of which changes it
+    Entry entry;
+};
+
 struct Notify
 {
-    /** Made anew when a value has changed. */
-    const Entry lasting[9] = {
-        {QStringLiteral("context"),
-         [](Source d) { return valueIf(!d.metadata.isNull(), d.metadata); }},
-        {QStringLiteral("htmlText"),
-         [](Source d) { return valueIf(d.textMode == NotificationTextMode::RichText, d.body); }},
-        {QStringLiteral("iconUrl"), iconPath},
-        {QStringLiteral("id"), [](Source d) { return QVariant(d.id); }},
-        {QStringLiteral("ledColor"),
-         [](Source d) {
-             return valueIf(d.ledColor != device::LedColor::None, static_cast<int>(d.ledColor));
-         }},
-        {QStringLiteral("notifyOnInvoke"), [](Source) { return QVariant(true); }},
-        {QStringLiteral("soundUrl"), [](Source d) { return valueIf(!d.sound.isNull(), d.sound); }},
-        {QStringLiteral("text"),
-         [](Source d) { return valueIf(d.textMode != NotificationTextMode::RichText, d.body); }},
-        {QStringLiteral("time"), timeText},
-    };
-    /** Made anew for each message. */
-    const Entry momentary[2] = {
-        {QStringLiteral("expirationTime"), expirationTime},
-        {QStringLiteral("promptChoices"), [](Source d) { return d.describeChoices(); }},
+    using P = NotificationPrivate;
+    const Line lines[11] = {
+        {P::Metadata,
+         {QStringLiteral("context"),
+          [](Source d) { return valueIf(!d.metadata.isNull(), d.metadata); }}},
+        {P::Momentary, {QStringLiteral("expirationTime"), expirationTime}},
+        {P::Body | P::TextMode,
+         {QStringLiteral("htmlText"),
+          [](Source d) { return valueIf(d.textMode == NotificationTextMode::RichText, d.body); }}},
+        {P::Icon, {QStringLiteral("iconUrl"), iconPath}},
+        {P::Id, {QStringLiteral("id"), [](Source d) { return QVariant(d.id); }}},
+        {P::LedColor,
+         {QStringLiteral("ledColor"),
+          [](Source d) {
+              return valueIf(d.ledColor != device::LedColor::None, static_cast<int>(d.ledColor));
+          }}},
+        {P::Id, {QStringLiteral("notifyOnInvoke"), [](Source) { return QVariant(true); }}},
+        {P::Momentary,
+         {QStringLiteral("promptChoices"), [](Source d) { return d.describeChoices(); }}},
+        {P::Sound,
+         {QStringLiteral("soundUrl"),
+          [](Source d) { return valueIf(!d.sound.isNull(), d.sound); }}},
+        {P::Body | P::TextMode,
+         {QStringLiteral("text"),
+          [](Source d) { return valueIf(d.textMode != NotificationTextMode::RichText, d.body); }}},
+        {P::Time, {QStringLiteral("time"), timeText}},
     };
 };
 
@@ -150,12 +160,11 @@ void NotificationPrivate::notify()
 {
     static const auto& table = *new Notify;
     QMutexLocker locker(&choicesMutex);
-    if (isStale) {
-        arguments.clear();
-        tamo::detail::setEntries(arguments, table.lasting, *this);
-        isStale = false;
+    for (const Line& line : table.lines) {
+        if (line.fields & changed)
+            tamo::detail::setEntry(arguments, line.entry, *this);
     }
-    tamo::detail::setEntries(arguments, table.momentary, *this);
+    changed = Momentary;
     const QVariantMap message = requestMessage(QStringLiteral("Notify"), arguments);
     locker.unlock();
     Q_EMIT send(message);

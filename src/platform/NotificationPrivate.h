@@ -32,11 +32,25 @@ public:
     void notify();
     void cancel();
 
+    /** What the entries of a Notify message are made of. */
+    enum Field : unsigned {
+        Id = 1,
+        Body = 2,
+        LedColor = 4,
+        TextMode = 8,
+        Time = 16,
+        Icon = 32,
+        Sound = 64,
+        Metadata = 128,
+        Momentary = 256, ///< the time at which it is sent, and the choices that are there then
+        Everything = 511
+    };
+
     /** Sets one of the values. Returns whether that changes it. */
     template<typename Value>
-    bool set(Value& field, const Value& value)
+    bool set(Field name, Value& field, const Value& value)
     {
-        isStale = true;
+        changed |= name;
         return tamo::detail::change(field, value);
     }
 
@@ -78,8 +92,8 @@ private:
 
     /** What the last Notify message held, kept so that the next one is not made from nothing. */
     QVariantMap arguments;
-    /** Whether a value has changed since. */
-    bool isStale = true;
+    /** Which Fields have changed since. */
+    unsigned changed = Everything;
 };
 
 } // namespace platform

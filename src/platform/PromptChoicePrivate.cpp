@@ -33,7 +33,8 @@ PromptChoicePrivate::PromptChoicePrivate(PromptChoice* choice) : q(choice)
 void PromptChoicePrivate::describe()
 {
     static const auto& table = *new Description;
-    tamo::detail::setEntries(description, table.entries, *this);
+    for (const Entry& entry : table.entries)
+        tamo::detail::setEntry(description, entry, *this);
 }
 
 void PromptChoicePrivate::onSelectedBroadcast(const QString& choiceId,

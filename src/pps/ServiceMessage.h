@@ -25,17 +25,15 @@ struct MessageEntry
     QVariant (*value)(const Source& source);
 };
 
-/** Sets the entries of a table in a map, and takes out those that are left out. */
-template<class Table, class Source>
-void setEntries(QVariantMap& map, const Table& table, const Source& source)
+/** Sets an entry in a map, or takes it out where it is left out. */
+template<class Source>
+void setEntry(QVariantMap& map, const MessageEntry<Source>& entry, const Source& source)
 {
-    for (const auto& entry : table) {
-        const QVariant value = entry.value(source);
-        if (value.isValid())
-            map.insert(entry.name, value);
-        else
-            map.remove(entry.name);
-    }
+    const QVariant value = entry.value(source);
+    if (value.isValid())
+        map.insert(entry.name, value);
+    else
+        map.remove(entry.name);
 }
 
 /** A map that is a member of another one, without copying it; an empty one where the member is not
