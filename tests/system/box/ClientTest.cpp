@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ClientTest.h"
 
+#include <algorithm>
+
 #include <signal.h>
 
 namespace boxtest {
@@ -53,6 +55,28 @@ std::unique_ptr<Process> ClientTest::sendMany(const Box& box, const std::string&
                                "' $i >&3; do :; done 2>/dev/null; done; echo sent; exec sleep 1h";
     return std::make_unique<Process>(tamoBox({"exec", "--box", box.name, "--", "sh", "-c", script}),
                                      GetParam());
+}
+
+void ClientTest::checkGarbage(const std::string& service, const std::vector<Garbage>& rows,
+                              const std::vector<std::string>& command) const
+{
+    // A box says so many lines in a second and counts the others.
+    constexpr std::size_t linesOfABox = 6;
+    for (std::size_t first = 0; first < rows.size(); first += linesOfABox) {
+        const Box box = startIdle();
+        const std::string before = in(box, command).output;
+        const Client client = startClient(box);
+        for (std::size_t i = first; i < std::min(first + linesOfABox, rows.size()); ++i) {
+            const auto& [request, complaint] = rows[i];
+            have(box, client, request);
+            EXPECT_TRUE(box.launcher->complained(
+                "tamo-box: " + service + ": a request of process " + client.pid +
+                " (tamo-test-clien) to " + m_mailbox + " has no effect: " + complaint))
+                << request << '\n'
+                << box.launcher->errors();
+        }
+        EXPECT_EQ(in(box, command).output, before);
+    }
 }
 
 std::string ClientTest::request(const std::string& message, const std::string& dat)

@@ -5,6 +5,7 @@
 #include "BoxTest.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace boxtest {
@@ -42,6 +43,14 @@ protected:
     /** Has a process in the box send so many requests like one, in which %d is a number from 1 on,
      * through one descriptor, and waits until all are taken. It goes on, having printed "sent". */
     std::unique_ptr<Process> sendMany(const Box& box, const std::string& request, int count) const;
+
+    /** A request that has no effect, and how the complaint of it ends. */
+    using Garbage = std::pair<std::string, std::string>;
+
+    /** Has an application send each of them, and checks that the service complains of it, and that
+     * nothing has changed: a command prints what it prints at first. */
+    void checkGarbage(const std::string& service, const std::vector<Garbage>& rows,
+                      const std::vector<std::string>& command) const;
 
     /** A request as a mailbox takes it. */
     static std::string request(const std::string& message, const std::string& dat);

@@ -155,7 +155,7 @@ TEST_P(LedTest, FollowEndsWithTheBox)
 
 TEST_P(LedTest, GarbageIsReportedAndChangesNothing)
 {
-    const std::vector<std::pair<std::string, std::string>> rows = {
+    const std::vector<Garbage> rows = {
         {"msg::requestLED\n", "dat must be an object"},
         {"msg::requestLED\ndat::text\n", "dat must be an object"},
         {"dat:json:{}\n", "msg is missing"},
@@ -173,21 +173,7 @@ TEST_P(LedTest, GarbageIsReportedAndChangesNothing)
          "blinkCount must be"},
         {request("requestLED", "{\"id\":1,\"color\":\"red\",\"blinkCount\":1}"), "id must be"},
     };
-    // A box says so many lines in a second and counts the others.
-    constexpr std::size_t linesOfABox = 7;
-    for (std::size_t first = 0; first < rows.size(); first += linesOfABox) {
-        const Box box = startIdle();
-        const Client client = startClient(box);
-        for (std::size_t i = first; i < std::min(first + linesOfABox, rows.size()); ++i) {
-            have(box, client, rows[i].first);
-            EXPECT_TRUE(box.launcher->complained(
-                "tamo-box: led-service: a request of process " + client.pid +
-                " (tamo-test-clien) to services/led/control has no effect: " + rows[i].second))
-                << rows[i].first << '\n'
-                << box.launcher->errors();
-        }
-        EXPECT_EQ(in(box, asJson).output, off);
-    }
+    checkGarbage("led-service", rows, asJson);
 }
 
 TEST_P(LedTest, FloodHarmsNobodyElse)

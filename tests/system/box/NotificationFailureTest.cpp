@@ -86,7 +86,7 @@ TEST_P(NotificationFailureTest, ApplicationThatDoesNotReadIsNamedAndHurtsNobody)
 
 TEST_P(NotificationFailureTest, GarbageIsReportedAndChangesNothing)
 {
-    const std::vector<std::pair<std::string, std::string>> rows = {
+    const std::vector<Garbage> rows = {
         {"msg::Notify\n", "dat must be an object"},
         {"msg::Notify\ndat:json:[1]\n", "id must be a text"},
         {"dat:json:{}\n", "msg is missing"},
@@ -102,22 +102,7 @@ TEST_P(NotificationFailureTest, GarbageIsReportedAndChangesNothing)
          "promptChoices must be an array of objects"},
         {notify("1", R"("text":"","promptChoices":[{"id":"1"}])"), "label must be a text"},
     };
-    // A box says so many lines in a second and counts the others.
-    constexpr std::size_t linesOfABox = 6;
-    for (std::size_t first = 0; first < rows.size(); first += linesOfABox) {
-        const Box box = startIdle();
-        const Client client = startClient(box);
-        for (std::size_t i = first; i < std::min(first + linesOfABox, rows.size()); ++i) {
-            have(box, client, rows[i].first);
-            EXPECT_TRUE(box.launcher->complained(
-                "tamo-box: notification-service: a request of process " + client.pid +
-                " (tamo-test-clien) to services/notification/control has no effect: " +
-                rows[i].second))
-                << rows[i].first << '\n'
-                << box.launcher->errors();
-        }
-        EXPECT_EQ(json(box), "[]\n");
-    }
+    checkGarbage("notification-service", rows, listAsJson);
 }
 
 TEST_P(NotificationFailureTest, GarbageOfCommandsIsAnsweredWithAnError)

@@ -12,12 +12,6 @@
 namespace tamotest {
 namespace {
 
-/** A text that may be none. */
-std::string text(const char* value)
-{
-    return value ? value : "(none)";
-}
-
 /** All parts of an event, the code first. */
 std::string describe(const zel_event_t* event)
 {
@@ -28,9 +22,9 @@ std::string describe(const zel_event_t* event)
     return std::to_string(zel_event_get_code(event)) + " state " +
            std::to_string(navigator_event_get_window_state(event)) + " angle " +
            std::to_string(navigator_event_get_orientation_angle(event)) + " group " +
-           text(navigator_event_get_groupid(event)) + " data " +
-           text(navigator_event_get_data(event)) + " id " + text(navigator_event_get_id(event)) +
-           " err " + text(navigator_event_get_err(event));
+           textOf(navigator_event_get_groupid(event)) + " data " +
+           textOf(navigator_event_get_data(event)) + " id " +
+           textOf(navigator_event_get_id(event)) + " err " + textOf(navigator_event_get_err(event));
 }
 
 std::string parts(const std::string& state, const std::string& angle, const std::string& group,
@@ -340,26 +334,6 @@ TEST_F(NavigatorEventsTest, TheWatchEndsWithTheMailboxAndCanBeAskedForAnew)
     client = navigator->awaitClient();
     navigator->send(client, "msg::back\n");
     EXPECT_EQ(describe(take()), "9" + NoParts);
-}
-
-class NavigatorRequestEventsTest : public NavigatorTest
-{
-};
-
-TEST_F(NavigatorRequestEventsTest, NeedsAnInitializedThreadAndNoFlags)
-{
-    EXPECT_THAT(navigator_request_events(1), FailsWith(EINVAL));
-    inThread([] { EXPECT_THAT(navigator_request_events(0), FailsWith(EPERM)); });
-}
-
-TEST_F(NavigatorRequestEventsTest, FailsWhereThereIsNoNavigator)
-{
-    navigator.reset();
-    unlink("/pps/services/navigator/events");
-    EXPECT_THAT(navigator_request_events(0), FailsWith(ENOENT));
-    filesystem.reset(); // no /pps at all
-    EXPECT_THAT(navigator_request_events(0), FailsWith(ENOENT));
-    EXPECT_EQ(take(0), nullptr);
 }
 
 } // namespace

@@ -3,8 +3,7 @@
 #define TAMO_TESTS_NAVIGATORTEST_H
 
 #include "NavigatorServer.h"
-#include "PrivatePps.h"
-#include "ZelTest.h"
+#include "ServiceDomainTest.h"
 
 #include <zel/navigator.h>
 
@@ -12,22 +11,10 @@
 
 namespace tamotest {
 
-/** A thread that is initialised, a `/pps`, and a navigator that serves it. */
-class NavigatorTest : public ::testing::Test
+/** A ServiceDomainTest with a navigator that serves it. */
+class NavigatorTest : public ServiceDomainTest
 {
 protected:
-    void SetUp() override { ASSERT_EQ(zel_initialize(), 0); }
-    void TearDown() override { EXPECT_EQ(zel_shutdown(), 0); }
-
-    /** Takes the next event; NULL where none comes in time. */
-    static zel_event_t* take(int timeoutMs = TimeoutMs)
-    {
-        zel_event_t* event = nullptr;
-        EXPECT_EQ(zel_get_event(&event, timeoutMs), 0);
-        return event;
-    }
-
-    std::optional<PpsFilesystem> filesystem{std::in_place};
     std::optional<NavigatorServer> navigator{std::in_place};
 };
 

@@ -9,11 +9,6 @@
 namespace tamotest {
 namespace {
 
-std::string text(const char* value)
-{
-    return value ? value : "(none)";
-}
-
 /** All parts of an event, the code first. */
 std::string describe(const zel_event_t* event)
 {
@@ -23,12 +18,12 @@ std::string describe(const zel_event_t* event)
     EXPECT_EQ(zel_event_get_payload(event), nullptr);
     return std::to_string(zel_event_get_code(event)) +
            (netstatus_event_get_availability(event) ? " up" : " down") + " http " +
-           text(netstatus_event_get_http_proxy_host(event)) + ' ' +
+           textOf(netstatus_event_get_http_proxy_host(event)) + ' ' +
            std::to_string(netstatus_event_get_http_proxy_port(event)) +
            (netstatus_event_get_http_proxy_login_required(event) ? " login" : "") + " https " +
-           text(netstatus_event_get_https_proxy_host(event)) + ' ' +
+           textOf(netstatus_event_get_https_proxy_host(event)) + ' ' +
            std::to_string(netstatus_event_get_https_proxy_port(event)) + " ftp " +
-           text(netstatus_event_get_ftp_proxy_host(event)) + ' ' +
+           textOf(netstatus_event_get_ftp_proxy_host(event)) + ' ' +
            std::to_string(netstatus_event_get_ftp_proxy_port(event));
 }
 
@@ -167,26 +162,6 @@ TEST_F(NetStatusEventsTest, ARestartOfTheServiceIsNotNoticed)
         ASSERT_EQ(network->send(client, "msg::info\navailable:b:true\n"), 0);
         EXPECT_EQ(describe(take()), "1 up" + NoProxies);
     }
-}
-
-class NetStatusRequestTest : public NetStatusTest
-{
-};
-
-TEST_F(NetStatusRequestTest, NeedsAnInitializedThreadAndNoFlags)
-{
-    EXPECT_THAT(netstatus_request_events(1), FailsWith(EINVAL));
-    inThread([] { EXPECT_THAT(netstatus_request_events(0), FailsWith(EPERM)); });
-}
-
-TEST_F(NetStatusRequestTest, FailsWhereThereIsNoNetworkService)
-{
-    network.reset();
-    unlink("/pps/services/network/events");
-    EXPECT_THAT(netstatus_request_events(0), FailsWith(ENOENT));
-    filesystem.reset(); // no /pps at all
-    EXPECT_THAT(netstatus_request_events(0), FailsWith(ENOENT));
-    EXPECT_EQ(take(0), nullptr);
 }
 
 } // namespace

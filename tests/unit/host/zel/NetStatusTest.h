@@ -3,8 +3,7 @@
 #define TAMO_TESTS_NETSTATUSTEST_H
 
 #include "PpsDescriptor.h"
-#include "PrivatePps.h"
-#include "ZelTest.h"
+#include "ServiceDomainTest.h"
 
 #include <zel/netstatus.h>
 
@@ -30,24 +29,12 @@ private:
     PpsDescriptor m_events;
 };
 
-/** A thread that is initialised, a `/pps`, and a network service. */
-class NetStatusTest : public ::testing::Test
+/** A ServiceDomainTest with a network service. */
+class NetStatusTest : public ServiceDomainTest
 {
 protected:
     static constexpr char Status[] = "services/network/status";
 
-    void SetUp() override { ASSERT_EQ(zel_initialize(), 0); }
-    void TearDown() override { EXPECT_EQ(zel_shutdown(), 0); }
-
-    /** Takes the next event; NULL where none comes in time. */
-    static zel_event_t* take(int timeoutMs = TimeoutMs)
-    {
-        zel_event_t* event = nullptr;
-        EXPECT_EQ(zel_get_event(&event, timeoutMs), 0);
-        return event;
-    }
-
-    std::optional<PpsFilesystem> filesystem{std::in_place};
     std::optional<NetworkServer> network{std::in_place};
 };
 
