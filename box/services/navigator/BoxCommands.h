@@ -5,9 +5,9 @@
 #include "ApplicationTable.h"
 #include "Departures.h"
 #include "EventPost.h"
-#include "PendingCommands.h"
 #include "ProcessWatch.h"
 #include "Turns.h"
+#include "services/PendingCommands.h"
 
 #include "services/ControlMailbox.h"
 

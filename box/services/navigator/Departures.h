@@ -3,9 +3,9 @@
 #define TAMOBOX_DEPARTURES_H
 
 #include "ExitDeadlines.h"
-#include "PendingCommands.h"
 #include "ProcessWatch.h"
 #include "WindowGroup.h"
+#include "services/PendingCommands.h"
 
 #include "common/Timer.h"
 

@@ -7,10 +7,10 @@
 #include "ControlRequests.h"
 #include "Departures.h"
 #include "EventPost.h"
-#include "PendingCommands.h"
 #include "ProcessWatch.h"
 #include "Turns.h"
 #include "services/Complaints.h"
+#include "services/PendingCommands.h"
 
 #include "services/ControlMailbox.h"
 #include "services/Publisher.h"

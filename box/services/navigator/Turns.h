@@ -5,10 +5,10 @@
 #include "ApplicationTable.h"
 #include "DisplayClient.h"
 #include "EventPost.h"
-#include "PendingCommands.h"
 #include "QuestionLedger.h"
 #include "Turn.h"
 #include "services/Complaints.h"
+#include "services/PendingCommands.h"
 
 #include "common/Timer.h"
 

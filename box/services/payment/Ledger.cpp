@@ -5,6 +5,25 @@
 
 namespace tamobox {
 
+void Ledger::put(const Purchase& purchase)
+{
+    remove(purchase.number);
+    m_purchases.emplace(purchase.number, purchase);
+    if (purchase.subscription)
+        m_subscriptionsOf[purchase.application].insert(purchase.number);
+}
+
+void Ledger::remove(int number)
+{
+    const auto found = m_purchases.find(number);
+    if (found == m_purchases.end())
+        return;
+    const auto subscriptions = m_subscriptionsOf.find(found->second.application);
+    if (subscriptions != m_subscriptionsOf.end())
+        subscriptions->second.erase(number);
+    m_purchases.erase(found);
+}
+
 const Purchase* Ledger::find(int number) const
 {
     const auto found = m_purchases.find(number);
@@ -31,9 +50,12 @@ std::vector<const Purchase*> Ledger::of(const std::string& application) const
 const Purchase* Ledger::runningOf(const std::string& application, const std::string& goodId,
                                   const std::string& sku, Moment now, bool mayBeCanceled) const
 {
-    for (const auto& [number, purchase] : m_purchases) {
-        const bool isMeant = purchase.application == application &&
-                             (goodId.empty() ? !sku.empty() : purchase.goodId == goodId) &&
+    const auto subscriptions = m_subscriptionsOf.find(application);
+    if (subscriptions == m_subscriptionsOf.end())
+        return nullptr;
+    for (const int number : subscriptions->second) {
+        const Purchase& purchase = m_purchases.at(number);
+        const bool isMeant = (goodId.empty() ? !sku.empty() : purchase.goodId == goodId) &&
                              (sku.empty() || purchase.goodSku == sku);
         if (isMeant && isRunning(purchase, now) && (mayBeCanceled || !purchase.canceledEnd))
             return &purchase;

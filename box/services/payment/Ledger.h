@@ -5,6 +5,8 @@
 #include "Purchase.h"
 
 #include <map>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace tamobox {
@@ -16,10 +18,10 @@ public:
     const std::map<int, Purchase>& all() const { return m_purchases; }
 
     /** Adds a purchase, or changes the one that has its number. */
-    void put(const Purchase& purchase) { m_purchases[purchase.number] = purchase; }
+    void put(const Purchase& purchase);
 
     /** Takes a purchase out again. */
-    void remove(int number) { m_purchases.erase(number); }
+    void remove(int number);
 
     /** nullptr where there is none. */
     const Purchase* find(int number) const;
@@ -41,6 +43,7 @@ public:
 
 private:
     std::map<int, Purchase> m_purchases;
+    std::map<std::string, std::set<int>> m_subscriptionsOf; // an application's, by their numbers
 };
 
 } // namespace tamobox

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentCommands.h"
 
-#include "Subscription.h"
+#include "PaymentReport.h"
 
 #include "common/Duration.h"
 #include "common/Failure.h"
@@ -23,64 +23,6 @@ constexpr std::size_t mostBytesOfReports = std::size_t{512} << 10;
 constexpr int defaultWait = 2000; // milliseconds
 constexpr int highest = std::numeric_limits<int>::max();
 constexpr std::size_t longestFailureText = 256;
-
-const char* decidesText(const Policy& policy)
-{
-    switch (policy.who) {
-    case Policy::Who::User:
-        return "user";
-    case Policy::Who::Itself:
-        return "itself";
-    case Policy::Who::Nobody:
-        return "nobody";
-    }
-    return "";
-}
-
-void write(MessageWriter& message, const PaymentRequest& request)
-{
-    message.add("request", request.number)
-        .add("id", request.id)
-        .add("pid", request.client.process)
-        .add("application", request.client.application)
-        .add("kind", request.isDialog ? "dialog" : namesOf(request.operation).name)
-        .add("decides", decidesText(request.policy))
-        .add("since", static_cast<double>(request.since))
-        .add("digitalGoodID", request.goodId)
-        .add("digitalGoodSKU", request.goodSku)
-        .add("digitalGoodName", request.goodName)
-        .add("metaData", request.metadata)
-        .add("purchaseAppName", request.applicationName)
-        .add("purchaseAppIcon", request.applicationIcon)
-        .add("uiGroupID", request.group)
-        .add("purchaseAppID", request.applicationId)
-        .add("purchaseID", request.purchaseId)
-        .add("price", request.good ? request.good->price : "")
-        .startObject("dialog");
-    for (const auto& [name, text] : request.dialogTexts)
-        message.add(name.c_str(), text);
-    message.endObject();
-}
-
-void write(MessageWriter& message, const Purchase& purchase, Moment now)
-{
-    const Standing standing = standingAt(purchase, now);
-    message.add("number", purchase.number)
-        .add("purchaseID", purchase.id())
-        .add("purchaseAppID", purchase.application)
-        .add("digitalGoodID", purchase.goodId)
-        .add("digitalGoodSKU", purchase.goodSku)
-        .add("licenseKey", purchase.licenseKey)
-        .add("metaData", purchase.metadata)
-        .add("price", purchase.price)
-        .add("date", static_cast<double>(purchase.date))
-        .add("itemState", static_cast<int>(standing.state));
-    if (purchase.subscription)
-        message.add("endDate", static_cast<double>(standing.end))
-            .add("initialPeriod", purchase.subscription->initialPeriod)
-            .add("renewalPeriod", purchase.subscription->renewalPeriod)
-            .add("renewalPrice", purchase.subscription->renewalPrice);
-}
 
 std::size_t sizeOf(const PaymentRequest& request)
 {
@@ -168,8 +110,7 @@ ControlMailbox::Outcome PaymentCommands::list(const ControlRequest& request,
 {
     const int after = optionalInteger(arguments, "after", 0, highest).value_or(0);
     m_service.catchUp();
-    reportAfter(m_control, request, m_service.waiting().all(), after,
-                [](MessageWriter& message, const PaymentRequest& one) { write(message, one); });
+    reportAfter(m_control, request, m_service.waiting().all(), after, writeRequest);
     return Outcome::Done;
 }
 
@@ -180,7 +121,7 @@ ControlMailbox::Outcome PaymentCommands::purchases(const ControlRequest& request
     m_service.catchUp();
     reportAfter(m_control, request, m_service.ledger().all(), after,
                 [now = m_service.now()](MessageWriter& message, const Purchase& one) {
-                    write(message, one, now);
+                    writePurchase(message, one, now);
                 });
     return Outcome::Done;
 }

@@ -5,7 +5,7 @@
 #include "PaymentService.h"
 
 #include "services/ControlMailbox.h"
-#include "services/navigator/PendingCommands.h"
+#include "services/PendingCommands.h"
 
 namespace tamobox {
 

@@ -5,7 +5,6 @@
 #include "KeptPurchases.h"
 
 #include "common/BoxEnvironment.h"
-#include "services/dialog/DialogAnswer.h"
 #include "services/dialog/DialogRequest.h"
 
 #include <algorithm>
@@ -34,10 +33,9 @@ std::unique_ptr<PurchaseStore> makeStore()
     return std::make_unique<BoxPurchases>();
 }
 
-// No `msg`, no `id`, no `dat`: nobody can take it for an answer to anything.
-void writeGarbage(MessageWriter& message)
+std::string malformedText(const Failure& failure)
 {
-    message.add("garbage", "}{").add("res", 42);
+    return std::string("The request is malformed: ") + failure.what();
 }
 
 } // namespace
@@ -45,7 +43,6 @@ void writeGarbage(MessageWriter& message)
 PaymentService::PaymentService(EventLoop& loop, std::function<void()> onNewRequest)
     : m_onNewRequest(std::move(onNewRequest))
     , m_complaints(loop)
-    , m_catalogueObject("box/catalogue")
     , m_timer(loop, [this] { decideDue(); })
     , m_troubleTimer(loop, [this] { Complaints::write(m_trouble); })
     , m_payments(
@@ -61,24 +58,10 @@ PaymentService::PaymentService(EventLoop& loop, std::function<void()> onNewReque
           },
           [this](MailboxServer::Client client) { m_waiting.clientLeft(client, true); })
 {
-    loadCatalogue();
     loadState();
     // The box shows what a service says once it is ready.
     if (!m_trouble.empty())
         m_troubleTimer.startAt(EventLoop::Clock::now());
-}
-
-void PaymentService::loadCatalogue()
-{
-    if (const auto published = m_catalogueObject.published()) {
-        MessageReader reader(*published);
-        if (!reader.enter("@catalogue") || !reader.has("text"))
-            throw Failure("there is no catalogue in /pps/box/catalogue");
-        m_catalogue = Catalogue::parse(reader.string("text").value_or(""), "/pps/box/catalogue");
-        return;
-    }
-    m_catalogue = Catalogue::builtin();
-    m_catalogueObject.publish("text", Catalogue::builtinText());
 }
 
 void PaymentService::loadState()
@@ -143,15 +126,14 @@ void PaymentService::takePayment(const Envelope& envelope, MessageReader& messag
             throw Failure("dat must be an object");
         readPaymentRequest(message, request);
     } catch (const Failure& failure) {
-        refuse(request, {paymenterror::malformed,
-                         std::string("The request is malformed: ") + failure.what()});
+        refuse(request, {paymenterror::malformed, malformedText(failure)});
         return;
     }
-    const Good* const good = m_catalogue.find(request.goodId, request.goodSku);
+    const Good* const good = m_catalogue->find(request.goodId, request.goodSku);
     if (good != nullptr)
         request.good = *good;
     if (*operation != Operation::Purchase)
-        request.policy = m_catalogue.policyFor(*operation);
+        request.policy = m_catalogue->policyFor(*operation);
     else
         request.policy = good != nullptr ? good->policy : immediateApproval();
     // Nobody is asked about what cannot be; but for one that is done already.
@@ -174,11 +156,10 @@ void PaymentService::takeDialog(const Envelope& envelope, MessageReader& message
             throw Failure("dat must be an object");
         readDialogRequest(message, request);
     } catch (const Failure& failure) {
-        refuse(request, {paymenterror::malformed,
-                         std::string("The request is malformed: ") + failure.what()});
+        refuse(request, {paymenterror::malformed, malformedText(failure)});
         return;
     }
-    if (const Good* const good = m_catalogue.find(request.goodId, request.goodSku)) {
+    if (const Good* const good = m_catalogue->find(request.goodId, request.goodSku)) {
         request.good = *good;
         request.policy = good->policy;
     }
@@ -227,13 +208,10 @@ PaymentService::Outcome PaymentService::decide(int number, const Decision& decis
 PaymentService::Outcome PaymentService::answer(const PaymentRequest& request,
                                                const Decision& decision)
 {
-    if (decision.kind == Decision::Kind::Garbage) {
-        RequestMailbox& mailbox = request.isDialog ? m_dialogs : m_payments;
-        return {
-            {}, {}, mailbox.send(request.client, writeGarbage) == MailboxServer::Delivery::Sent};
-    }
+    if (decision.kind == Decision::Kind::Garbage)
+        return {{}, {}, m_answers.sendGarbage(request)};
     if (request.isDialog)
-        return answerDialog(request, decision);
+        return {{}, {}, answerDialog(request, decision)};
     PaymentAnswer answer;
     if (decision.kind == Decision::Kind::Approve)
         answer = m_system->carryOut(request, now());
@@ -246,47 +224,20 @@ PaymentService::Outcome PaymentService::answer(const PaymentRequest& request,
         outcome.refusal = answer.error->text;
     if (request.operation == Operation::Purchase && !answer.error)
         outcome.purchaseId = answer.purchases[0].id();
-    outcome.isDelivered = send(request, answer);
+    outcome.isDelivered = m_answers.send(request, answer, now());
     return outcome;
 }
 
-PaymentService::Outcome PaymentService::answerDialog(const PaymentRequest& request,
-                                                     const Decision& decision)
+bool PaymentService::answerDialog(const PaymentRequest& request, const Decision& decision)
 {
-    const auto delivery = m_dialogs.send(request.client, [&](MessageWriter& message) {
-        if (decision.kind == Decision::Kind::Fail)
-            writeDialogFailure(message, request.id, decision.text);
-        else
-            writeDialogChoice(message, request, decision.kind == Decision::Kind::Approve, now());
-    });
-    return {{}, {}, delivery == MailboxServer::Delivery::Sent};
-}
-
-bool PaymentService::send(const PaymentRequest& request, const PaymentAnswer& answer)
-{
-    MessageWriter measured;
-    writeAnswer(measured.object("control"), request, answer, now());
-    if (measured.text().size() > longestAnswer) {
-        PaymentAnswer shorter;
-        shorter.error = paymenterror::tooLong;
-        return send(request, shorter);
-    }
-    return m_payments.send(request.client, [&](MessageWriter& message) {
-        writeAnswer(message, request, answer, now());
-    }) == MailboxServer::Delivery::Sent;
+    if (decision.kind == Decision::Kind::Fail)
+        return m_answers.sendError(request, {decision.code, decision.text}, now());
+    return m_answers.sendChoice(request, decision.kind == Decision::Kind::Approve, now());
 }
 
 void PaymentService::refuse(const PaymentRequest& request, const PaymentError& error)
 {
-    if (request.isDialog) {
-        m_dialogs.send(request.client, [&](MessageWriter& message) {
-            writeDialogFailure(message, request.id, error.text);
-        });
-    } else {
-        PaymentAnswer answer;
-        answer.error = error;
-        send(request, answer);
-    }
+    m_answers.sendError(request, error, now());
     if (error.code == paymenterror::malformed)
         m_complaints.add(requestText(request) + " was refused: " + error.text);
 }
@@ -315,13 +266,6 @@ void PaymentService::setTimer()
         m_timer.startAt(due->first);
     else
         m_timer.stop();
-}
-
-void PaymentService::setCatalogue(const std::string& text)
-{
-    Catalogue catalogue = Catalogue::parse(text, "the catalogue");
-    m_catalogueObject.publish("text", text);
-    m_catalogue = std::move(catalogue);
 }
 
 Moment PaymentService::now() const

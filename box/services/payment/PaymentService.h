@@ -2,12 +2,13 @@
 #ifndef TAMOBOX_PAYMENTSERVICE_H
 #define TAMOBOX_PAYMENTSERVICE_H
 
+#include "AnswerPost.h"
 #include "PaymentSystem.h"
+#include "PublishedCatalogue.h"
 #include "RequestMailbox.h"
 #include "WaitingRequests.h"
 
 #include "common/Timer.h"
-#include "services/Publisher.h"
 
 #include <functional>
 #include <memory>
@@ -51,7 +52,7 @@ public:
     Outcome decide(int number, const Decision& decision);
 
     /** Replaces the catalogue. Throws Failure where it is none, and nothing has changed. */
-    void setCatalogue(const std::string& text);
+    void setCatalogue(const std::string& text) { m_catalogue.replace(text); }
 
     /** The box's clock. */
     Moment now() const;
@@ -65,7 +66,6 @@ public:
 private:
     using Envelope = RequestMailbox::Envelope;
 
-    void loadCatalogue();
     void loadState();
     void takePayment(const Envelope& envelope, MessageReader& message, const std::string& text);
     void takeDialog(const Envelope& envelope, MessageReader& message, const std::string& text);
@@ -73,8 +73,7 @@ private:
     void admit(PaymentRequest& request, const std::string& text);
     void admitOrRefuse(PaymentRequest& request, const std::string& text);
     Outcome answer(const PaymentRequest& request, const Decision& decision);
-    Outcome answerDialog(const PaymentRequest& request, const Decision& decision);
-    bool send(const PaymentRequest& request, const PaymentAnswer& answer);
+    bool answerDialog(const PaymentRequest& request, const Decision& decision);
     void refuse(const PaymentRequest& request, const PaymentError& error);
     void decideDue();
     void setTimer();
@@ -82,8 +81,7 @@ private:
     std::function<void()> m_onNewRequest;
     Complaints m_complaints;
     std::string m_trouble; // of the beginning, to be told when there is somebody to tell
-    Publisher m_catalogueObject;
-    Catalogue m_catalogue;
+    PublishedCatalogue m_catalogue;
     std::unique_ptr<PurchaseStore> m_store;
     std::unique_ptr<PaymentSystem> m_system;
     WaitingRequests m_waiting;
@@ -93,6 +91,7 @@ private:
     Timer m_troubleTimer;
     RequestMailbox m_payments;
     RequestMailbox m_dialogs;
+    AnswerPost m_answers{m_payments, m_dialogs};
 };
 
 } // namespace tamobox
