@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -11,8 +12,10 @@ namespace tamobox {
 
 namespace {
 
-// As large as any message, and left uninitialised: only the pages that a message fills take memory.
-constexpr std::size_t bufferSize = 1024 * 1024;
+// A read into room for the longest message has the kernel hold every page of it. A buffer that is
+// too small is refused, and loses nothing.
+constexpr std::size_t usualSize = 4096;
+constexpr std::size_t largestSize = 1024 * 1024;
 
 struct Meaning
 {
@@ -72,14 +75,20 @@ ObjectFile::ObjectFile(const std::string& object, int flags, const std::string& 
 
 std::optional<std::string> ObjectFile::read()
 {
-    if (!m_buffer)
-        m_buffer.reset(new char[bufferSize]);
-    const ssize_t size = ::read(m_descriptor.get(), m_buffer.get(), bufferSize);
+    ssize_t size = readInto(usualSize);
+    while (size == -1 && errno == EMSGSIZE && m_buffer.size() < largestSize)
+        size = readInto(2 * m_buffer.size());
     if (size == -1 && errno != EAGAIN && errno != EINTR)
         throw failure("read");
     if (size <= 0)
         return std::nullopt;
-    return std::string(m_buffer.get(), static_cast<std::size_t>(size));
+    return std::string(m_buffer.data(), static_cast<std::size_t>(size));
+}
+
+ssize_t ObjectFile::readInto(std::size_t size)
+{
+    m_buffer.resize(std::max(size, m_buffer.size()));
+    return ::read(m_descriptor.get(), m_buffer.data(), m_buffer.size());
 }
 
 void ObjectFile::write(const std::string& message)

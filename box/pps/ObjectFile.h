@@ -5,9 +5,11 @@
 #include "common/Descriptor.h"
 #include "common/Failure.h"
 
-#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include <sys/types.h>
 
 namespace tamobox {
 
@@ -61,11 +63,13 @@ public:
     void write(const std::string& message);
 
 private:
+    /** Reads into so many bytes at least. */
+    ssize_t readInto(std::size_t size);
     ObjectFailure failure(const char* what) const;
 
     std::string m_path;
     Descriptor m_descriptor;
-    std::unique_ptr<char[]> m_buffer;
+    std::vector<char> m_buffer;
 };
 
 } // namespace tamobox

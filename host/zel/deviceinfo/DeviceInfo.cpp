@@ -1,25 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "common/Call.h"
-#include "common/FileDescriptor.h"
+#include "common/ObjectText.h"
 
 #include <pps/decoder.h>
 #include <zel/deviceinfo.h>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <new>
+#include <string>
 
 namespace {
 
 constexpr char DataPath[] = "/pps/services/deviceinfo/data";
 constexpr char IdentityPath[] = "/pps/services/deviceinfo/identity";
-constexpr std::size_t MaxMessage = std::size_t{1} << 20;
 
 /** An attribute and where its text goes in a record. */
 template<class Record>
@@ -41,22 +37,14 @@ constexpr Attribute<deviceinfo_identifying_data_t> IdentityAttributes[] = {
     {"HardwareId", &deviceinfo_identifying_data_t::hardware_id},
 };
 
-/** Reads an object's whole text, and ends it with a zero. 0 or an `errno` value. */
-int readObject(const char* path, char* text)
+/** Reads what an object tells. 0 or an `errno` value. */
+int readText(const char* path, std::string& text)
 {
-    const host::FileDescriptor object(::open(path, O_RDONLY | O_CLOEXEC));
-    if (!object)
-        return errno;
-    ssize_t length;
-    do
-        length = ::read(object.get(), text, MaxMessage);
-    while (length < 0 && errno == EINTR);
-    if (length < 0)
-        return errno;
-    text[length] = '\0';
-    if (length == 0)
-        return ENOENT;
-    return std::strlen(text) == static_cast<std::size_t>(length) ? 0 : EBADMSG;
+    if (const int error = host::readObject(path, text))
+        return error;
+    if (text.empty())
+        return ENOENT; // it was never published
+    return text.find('\0') == std::string::npos ? 0 : EBADMSG;
 }
 
 /**
@@ -99,12 +87,12 @@ int getRecord(const char* path, const Attribute<Record> (&attributes)[Count], Re
         if (!record)
             return EINVAL;
         *record = nullptr;
-        const std::unique_ptr<char[]> text(new char[MaxMessage + 1]);
-        if (const int error = readObject(path, text.get()))
+        std::string text;
+        if (const int error = readText(path, text))
             return error;
         pps_decoder_t decoder;
         int error = 0;
-        if (pps_decoder_initialize(&decoder, text.get()) == 0)
+        if (pps_decoder_initialize(&decoder, text.data()) == 0)
             error = makeRecord(decoder, attributes, *record);
         else
             error = errno == ENOMEM ? ENOMEM : EBADMSG;

@@ -2,12 +2,9 @@
 #include "NetStatusMessage.h"
 
 #include "common/Call.h"
-#include "common/FileDescriptor.h"
+#include "common/ObjectText.h"
 
 #include <zel/netstatus.h>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstddef>
@@ -24,31 +21,15 @@ namespace {
 
 constexpr char StatusPath[] = "/pps/services/network/status";
 
-// A state is short; a read into room for the longest message has the kernel hold every page of it.
-constexpr std::size_t UsualSize = 4096;
-constexpr std::size_t LargestSize = std::size_t{1} << 20;
-
 /** Reads what is published now. 0 or an `errno` value. */
 int readState(NetworkState& state)
 {
-    const host::FileDescriptor object(::open(StatusPath, O_RDONLY | O_CLOEXEC));
-    if (!object)
-        return errno;
-    std::vector<char> text(UsualSize);
-    ssize_t length;
-    for (;;) {
-        length = ::read(object.get(), text.data(), text.size() - 1);
-        if (length >= 0)
-            break;
-        if (errno == EMSGSIZE && text.size() < LargestSize)
-            text.resize(2 * text.size());
-        else if (errno != EINTR)
-            return errno;
-    }
-    if (length == 0)
+    std::string text;
+    if (const int error = host::readObject(StatusPath, text))
+        return error;
+    if (text.empty())
         return ENOENT; // it was never published
-    text[static_cast<std::size_t>(length)] = '\0';
-    return zel::readNetStatusObject({text.data(), static_cast<std::size_t>(length)}, state);
+    return zel::readNetStatusObject({text.data(), text.size()}, state);
 }
 
 struct HostMember

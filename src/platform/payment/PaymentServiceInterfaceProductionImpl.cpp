@@ -41,13 +41,14 @@ void discard(const ServiceDescriptor& control)
 PaymentServiceInterfaceProductionImpl::PaymentServiceInterfaceProductionImpl()
     : m_control(controlPath, O_RDWR)
     , m_applicationId(tamo::platform::PackageManifest::readApplicationId())
+    , m_buffer(new char[maxAnswerSize])
 {
     watch();
 }
 
 PaymentServiceInterfaceProductionImpl::PaymentServiceInterfaceProductionImpl(
     int fd, const QByteArray& applicationId)
-    : m_control(fd), m_applicationId(applicationId)
+    : m_control(fd), m_applicationId(applicationId), m_buffer(new char[maxAnswerSize])
 {
     watch();
 }
@@ -145,8 +146,7 @@ void PaymentServiceInterfaceProductionImpl::send(const PaymentSystemMessage& mes
 QSharedPointer<tamo::platform::InterfaceResponse>
 PaymentServiceInterfaceProductionImpl::takeResponse()
 {
-    std::vector<char> text(maxAnswerSize);
-    const ssize_t size = m_control.read(text.data(), text.size());
+    const ssize_t size = m_control.read(m_buffer.get(), maxAnswerSize);
     const bool isTooLong = size == -1 && errno == EMSGSIZE;
     if (isTooLong)
         discard(m_control);
@@ -157,7 +157,7 @@ PaymentServiceInterfaceProductionImpl::takeResponse()
         m_notifier->setEnabled(true);
     if (size < 1)
         return {};
-    return tamo::platform::readPaymentAnswer(text.data(), static_cast<std::size_t>(size));
+    return tamo::platform::readPaymentAnswer(m_buffer.get(), static_cast<std::size_t>(size));
 }
 
 // A descriptor that is ready and has nothing, again and again, has lost its filesystem. It would

@@ -7,6 +7,8 @@
 
 #include <tamomock/PaymentServiceInterfaceProduction.h>
 
+#include <memory>
+
 class QSocketNotifier;
 
 namespace tamomock {
@@ -52,6 +54,8 @@ private:
     /** Off from each activation on until an answer was taken; the dispatcher would go on reporting
      * the one that is still there. A child, so that it comes along to another thread. */
     QSocketNotifier* m_notifier = nullptr;
+    /** What an answer is read into. */
+    const std::unique_ptr<char[]> m_buffer;
     /** Whether the last read got nothing. */
     bool m_wasFruitless = false;
 };
