@@ -15,7 +15,11 @@
 #include <QCoreApplication>
 #include <QSharedData>
 
+#include <deque>
+#include <memory>
 #include <random>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace tamobench {
@@ -56,24 +60,41 @@ void measureCopies(Report& report)
     duel.report(report, "copying an answer", {oneAndAHalf});
 }
 
-/** The place of a request that is answered next. */
-using Choose = std::size_t (*)(std::size_t pending);
+constexpr std::size_t many = 100'000;
+constexpr std::size_t few = 10;
+constexpr int samples = 20'000;
 
-std::size_t newest(std::size_t pending)
+/** Takes one of the requests, or objects, that wait out of their line. */
+template<class Line>
+using Take = typename Line::value_type (*)(Line& line);
+
+template<class Line>
+auto takeOldest(Line& line)
 {
-    return pending - 1;
+    auto taken = std::move(line.front());
+    line.pop_front();
+    return taken;
 }
 
-std::size_t anyOne(std::size_t pending)
+template<class Line>
+auto takeNewest(Line& line)
+{
+    auto taken = std::move(line.back());
+    line.pop_back();
+    return taken;
+}
+
+template<class Line>
+auto takeAnyOne(Line& line)
 {
     static std::minstd_rand random(1);
-    return random() % pending;
+    std::swap(line[random() % line.size()], line.back());
+    return takeNewest(line);
 }
 
 /** The median duration of taking one answer, in nanoseconds, while so many requests wait. */
-double timeOfAnswer(ReplyingPayments& payments, std::size_t pending, Choose choose)
+double timeOfAnswer(ReplyingPayments& payments, std::size_t pending, Take<std::deque<int>> take)
 {
-    constexpr int samples = 20'000;
     PriceCounter receiver;
     const auto ask = [&receiver] {
         PaymentService::getInstance()->requestPrice("g", "s", &receiver, PriceCounter::slot());
@@ -83,13 +104,36 @@ double timeOfAnswer(ReplyingPayments& payments, std::size_t pending, Choose choo
     std::vector<double> times;
     for (int i = 0; i < samples; ++i) {
         ask();
-        const std::size_t chosen = choose(payments.ids.size());
+        const int id = take(payments.ids);
         const std::int64_t start = now();
-        payments.reply(payments.ids[chosen]);
+        payments.reply(id);
         QCoreApplication::sendPostedEvents();
         times.push_back(static_cast<double>(now() - start));
-        payments.ids[chosen] = payments.ids.back();
-        payments.ids.pop_back();
+    }
+    return median(times);
+}
+
+/** The median duration of an object's last signal and its end, in nanoseconds, with so many of
+ * them, each of which has one connection. */
+double timeOfObject(std::size_t objects)
+{
+    using Line = std::deque<std::unique_ptr<QObject>>;
+    PriceCounter receiver;
+    Line line;
+    const auto make = [&] {
+        line.push_back(std::make_unique<QObject>());
+        QObject::connect(line.back().get(), &QObject::destroyed, &receiver,
+                         [&receiver] { ++receiver.count; });
+    };
+    while (line.size() < objects)
+        make();
+    std::vector<double> times;
+    for (int i = 0; i < samples; ++i) {
+        make();
+        auto object = takeAnyOne(line);
+        const std::int64_t start = now();
+        object.reset();
+        times.push_back(static_cast<double>(now() - start));
     }
     return median(times);
 }
@@ -101,16 +145,31 @@ void measureAnswers(Report& report)
         [&payments](int) { return payments = new ReplyingPayments; });
     PaymentService::getInstance();
     tamomock::PaymentServiceInterfaceFactory::resetCreator();
+
+    struct Order
+    {
+        const char* name;
+        Take<std::deque<int>> take;
+        Target target;
+        double withFew;
+    };
+    // An old one among many is in no cache of the machine's; see the last line.
+    Order orders[] = {{"the newest", takeNewest, oneAndAHalf, 0},
+                      {"the oldest", takeOldest, oneAndAHalf, 0},
+                      {"a random", takeAnyOne, {}, 0}};
     // One process has one service: the few go first.
-    const double few = timeOfAnswer(*payments, 10, newest);
-    const double fewAnyOne = timeOfAnswer(*payments, 10, anyOne);
-    const double many = timeOfAnswer(*payments, 100'000, newest);
-    const double manyAnyOne = timeOfAnswer(*payments, 100'000, anyOne);
-    report.addRatio("answer to the newest request, 100,000 pending, p50", many, "10 pending", few,
-                    many / few, oneAndAHalf);
-    // The machine's memory: what belongs to an old request is in no cache.
-    report.addRatio("answer to any request, 100,000 pending, p50", manyAnyOne, "10 pending",
-                    fewAnyOne, manyAnyOne / fewAnyOne);
+    for (Order& order : orders)
+        order.withFew = timeOfAnswer(*payments, few, order.take);
+    for (const Order& order : orders) {
+        const double withMany = timeOfAnswer(*payments, many, order.take);
+        report.addRatio(std::string("answer to ") + order.name + " request, 100,000 pending, p50",
+                        withMany, "10 pending", order.withFew, withMany / order.withFew,
+                        order.target);
+    }
+    const double objectOfFew = timeOfObject(few);
+    const double objectOfMany = timeOfObject(many);
+    report.addRatio("end of a random QObject of 100,000, p50", objectOfMany, "one of 10",
+                    objectOfFew, objectOfMany / objectOfFew);
 }
 
 void measure(Report& report)

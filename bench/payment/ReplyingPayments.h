@@ -4,7 +4,7 @@
 
 #include <tamomock/PaymentServiceInterface.h>
 
-#include <vector>
+#include <deque>
 
 namespace tamobench {
 
@@ -31,8 +31,8 @@ public:
         Q_EMIT dataReady();
     }
 
-    /** The requests that wait. */
-    std::vector<int> ids;
+    /** The requests that wait, the oldest first. */
+    std::deque<int> ids;
 
 private:
     const QSharedPointer<tamo::platform::InterfaceResponse> m_response =
