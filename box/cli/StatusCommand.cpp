@@ -32,7 +32,8 @@ struct PhoneState
     std::string networkComplaint; // where its state cannot be read
     std::optional<std::string> osVersion;
     LedState led;
-    std::size_t notifications = 0; // their number
+    std::size_t notifications = 0;      // their number
+    std::optional<int> waitingPayments; // their number
 
     static PhoneState read();
 };
@@ -46,6 +47,9 @@ PhoneState PhoneState::read()
                       [](MessageReader& message) { return message.string("OsVersion"); });
     phone.led = publishedLed();
     phone.notifications = publishedNotifications().size();
+    phone.waitingPayments = readAttribute("box/payments", "@payments", [](MessageReader& message) {
+        return message.integer("waiting");
+    });
     try {
         phone.displays = DisplayList::published();
     } catch (const ObjectFailure&) {
@@ -81,6 +85,9 @@ void printJson(rapidjson::Document& status, const PhoneState& phone)
     addMember(status, "device", device.endObject().text());
     addMember(status, "led", ledToJson(phone.led));
     addMember(status, "notifications", std::to_string(phone.notifications));
+    Json payments;
+    payments.startObject().key("waiting").number(phone.waitingPayments.value_or(0));
+    addMember(status, "payments", payments.endObject().text());
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
     status.Accept(writer);
@@ -114,6 +121,7 @@ void printText(const rapidjson::Document& status, const PhoneState& phone)
     std::printf("device       version %s\n", phone.osVersion.value_or("unknown").c_str());
     std::printf("led          %s\n", ledSummary(phone.led).c_str());
     std::printf("notification %zu posted\n", phone.notifications);
+    std::printf("payment      %d waiting\n", phone.waitingPayments.value_or(0));
 }
 
 } // namespace

@@ -27,6 +27,7 @@ const std::vector<ServiceEntry>& serviceTable()
          {{"services/paymentsystem/control", 0666},
           {"services/dialog/control", 0666},
           {"box/payment", 0600},
+          {"box/payments", 0600},
           {"box/catalogue", 0600},
           {"box/clock", 0600},
           {"box/purchases/0", 0600},

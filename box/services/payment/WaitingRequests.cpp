@@ -15,7 +15,10 @@ constexpr std::size_t bytesOfARequest = 512;
 
 } // namespace
 
-WaitingRequests::WaitingRequests() : m_pages("box/waiting") {}
+WaitingRequests::WaitingRequests() : m_summary("box/payments"), m_pages("box/waiting")
+{
+    publishSummary();
+}
 
 const PaymentRequest* WaitingRequests::find(int number) const
 {
@@ -48,6 +51,7 @@ void WaitingRequests::put(const PaymentRequest& request, const std::string& text
         m_dueOf[number] = now + request.policy.delay;
         m_due.emplace(m_dueOf[number], number);
     }
+    publishSummary();
 }
 
 void WaitingRequests::remove(int number)
@@ -65,6 +69,7 @@ void WaitingRequests::remove(int number)
     }
     m_requests.erase(found);
     m_pages.erase(number);
+    publishSummary();
 }
 
 void WaitingRequests::clientLeft(MailboxServer::Client client, bool isDialog)
@@ -80,6 +85,11 @@ void WaitingRequests::clientLeft(MailboxServer::Client client, bool isDialog)
 std::optional<std::pair<WaitingRequests::Clock::time_point, int>> WaitingRequests::nextDue() const
 {
     return m_due.empty() ? std::nullopt : std::optional(*m_due.begin());
+}
+
+void WaitingRequests::publishSummary()
+{
+    m_summary.publish("waiting", static_cast<int>(m_requests.size()));
 }
 
 } // namespace tamobox

@@ -6,6 +6,7 @@
 #include "RecordPages.h"
 
 #include "common/EventLoop.h"
+#include "services/Publisher.h"
 
 #include <map>
 #include <optional>
@@ -17,7 +18,7 @@
 namespace tamobox {
 
 /** The requests that are not answered yet, in the order in which they came. They are kept in
- * `/pps`, so that a service that is started again goes on with them. */
+ * `/pps`, so that a service that is started again goes on with them; their number is published. */
 class WaitingRequests
 {
 public:
@@ -57,6 +58,9 @@ public:
     std::optional<std::pair<Clock::time_point, int>> nextDue() const;
 
 private:
+    void publishSummary();
+
+    Publisher m_summary;
     RecordPages m_pages;
     std::map<int, PaymentRequest> m_requests;
     std::set<std::tuple<bool, MailboxServer::Client, int>> m_ofClient; // dialog, client, number

@@ -24,10 +24,13 @@ TEST_P(PaymentTest, APurchaseWaitsAndIsApproved)
                       HasSubstr(R"("purchaseAppID":"app.1")")));
     EXPECT_THAT(in(box, {"payment"}).output,
                 AllOf(StartsWith("request  kind "), HasSubstr("coins-100")));
+    EXPECT_THAT(in(box, {"status"}).output, HasSubstr("\npayment      1 waiting\n"));
+    EXPECT_THAT(in(box, {"status", "--json"}).output, HasSubstr(R"("payments":{"waiting":1})"));
     EXPECT_EQ(in(box, {"payment", "approve", "--json"}).output,
               R"({"request":1,"id":"41","pid":)" + client.pid +
                   R"(,"application":"tamo-test-clien","purchaseID":"purchase-1"})"
                   "\n");
+    EXPECT_THAT(in(box, {"status"}).output, HasSubstr("\npayment      0 waiting\n"));
     EXPECT_TRUE(client.heard("msg::paymentSystemType id::41 res::paymentSystemSuccess dat:json:"
                              R"({"itemState":"0","date":")"));
     EXPECT_TRUE(client.heard(R"("digitalGoodID":"coins-100","digitalGoodSKU":"COINS100",)"
