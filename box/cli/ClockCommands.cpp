@@ -4,7 +4,7 @@
 #include "Commands.h"
 #include "ControlClient.h"
 #include "MessageJson.h"
-#include "PaymentTable.h"
+#include "TextTable.h"
 
 #include "common/Duration.h"
 
@@ -33,9 +33,11 @@ int ask(const CommonOptions& options, const char* command,
     enterBox(options.box, Depth::Files);
     std::string text;
     ControlClient(paymentMailbox).ask(command, fill, [&](MessageReader& report) {
-        text = options.json ? membersToJson(report)
-                            : localTimeText(report.number("now").value_or(0)) + " (advanced by " +
-                                  advancedText(report.number("advanced").value_or(0)) + ')';
+        text = options.json
+                   ? membersToJson(report)
+                   : localTimeText(static_cast<std::int64_t>(report.number("now").value_or(0))) +
+                         " (advanced by " + advancedText(report.number("advanced").value_or(0)) +
+                         ')';
     });
     std::printf("%s\n", text.c_str());
     return 0;

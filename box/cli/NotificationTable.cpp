@@ -4,41 +4,20 @@
 #include "TextTable.h"
 
 #include "common/Json.h"
-#include "common/Printable.h"
 #include "pps/ObjectFile.h"
 #include "services/notification/NotificationText.h"
 
 #include <fcntl.h>
 
-#include <array>
-#include <ctime>
-
 namespace tamobox {
 
 namespace {
-
-constexpr std::size_t longestCell = 60; // bytes
-
-std::string cell(const std::string& text)
-{
-    std::size_t size = std::min(text.size(), longestCell);
-    while (size < text.size() && size > 0 &&
-           (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80)
-        --size;
-    return printable(text.substr(0, size)) + (size < text.size() ? "..." : "");
-}
 
 std::string momentText(const std::optional<std::int64_t>& milliseconds)
 {
     if (!milliseconds)
         return "never";
-    const std::time_t moment = static_cast<std::time_t>(*milliseconds / 1000);
-    std::tm local = {};
-    std::array<char, 64> text = {};
-    if (localtime_r(&moment, &local) == nullptr ||
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local) == 0)
-        return std::to_string(*milliseconds);
-    return text.data();
+    return localTimeText(*milliseconds);
 }
 
 std::vector<std::string> rowFor(const Notification& notification)
@@ -46,16 +25,16 @@ std::vector<std::string> rowFor(const Notification& notification)
     std::string choices;
     for (const NotificationChoice& choice : notification.choices)
         choices += (choices.empty() ? "" : " | ") + choice.label;
-    return {cell(notification.id),
+    return {tableCell(notification.id),
             std::to_string(notification.process),
-            cell(notification.application),
+            tableCell(notification.application),
             notification.isGone     ? "gone"
             : notification.isOpened ? "opened"
                                     : "new",
             nameOf(notification.ledColor),
             momentText(notification.expirationTime),
-            cell(choices),
-            cell(notification.text)};
+            tableCell(choices),
+            tableCell(notification.text)};
 }
 
 void add(Json& json, const char* name, const std::optional<std::string>& value)

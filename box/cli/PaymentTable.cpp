@@ -1,30 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentTable.h"
 
-#include "common/Printable.h"
-#include "services/payment/Subscription.h"
+#include "TextTable.h"
 
-#include <array>
-#include <ctime>
+#include "services/payment/Subscription.h"
 
 namespace tamobox {
 
 namespace {
 
-constexpr std::size_t longestCell = 60; // bytes
-
-std::string cell(const std::string& text)
-{
-    std::size_t size = std::min(text.size(), longestCell);
-    while (size < text.size() && size > 0 &&
-           (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80)
-        --size;
-    return printable(text.substr(0, size)) + (size < text.size() ? "..." : "");
-}
-
 std::string textOf(const MessageReader& report, const char* name)
 {
-    return cell(report.string(name).value_or(""));
+    return tableCell(report.string(name).value_or(""));
 }
 
 std::string numberOf(const MessageReader& report, const char* name)
@@ -35,7 +22,7 @@ std::string numberOf(const MessageReader& report, const char* name)
 std::string momentOf(const MessageReader& report, const char* name)
 {
     const auto milliseconds = report.number(name);
-    return milliseconds ? localTimeText(*milliseconds) : std::string();
+    return milliseconds ? localTimeText(static_cast<std::int64_t>(*milliseconds)) : std::string();
 }
 
 const char* stateText(int state)
@@ -82,17 +69,6 @@ std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& rep
             momentOf(report, "date"),
             stateText(report.integer("itemState").value_or(-1)),
             momentOf(report, "endDate")};
-}
-
-std::string localTimeText(double milliseconds)
-{
-    const std::time_t moment = static_cast<std::time_t>(milliseconds / 1000);
-    std::tm local = {};
-    std::array<char, 64> text = {};
-    if (localtime_r(&moment, &local) == nullptr ||
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local) == 0)
-        return std::to_string(static_cast<long long>(milliseconds));
-    return text.data();
 }
 
 } // namespace tamobox

@@ -22,9 +22,6 @@ std::vector<std::string> paymentHeadings(PaymentTable table);
 /** The cells of one report, in which the reader stands. */
 std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& report);
 
-/** A moment in the machine's local time. @param milliseconds since the epoch */
-std::string localTimeText(double milliseconds);
-
 } // namespace tamobox
 
 #endif

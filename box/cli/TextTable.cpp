@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TextTable.h"
 
+#include "common/Printable.h"
+
 #include <algorithm>
+#include <array>
+#include <ctime>
 
 namespace tamobox {
 
 namespace {
 
-// In characters: the later bytes of one do not count.
+// In UTF-8.
+bool beginsCharacter(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+}
+
+// In characters.
 std::size_t widthOf(const std::string& text)
 {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
 }
 
 } // namespace
@@ -34,6 +42,26 @@ std::vector<std::string> tableLines(const std::vector<std::vector<std::string>>&
         lines.push_back(line + '\n');
     }
     return lines;
+}
+
+std::string tableCell(const std::string& text)
+{
+    constexpr std::size_t longest = 60; // bytes
+    std::size_t size = std::min(text.size(), longest);
+    while (size < text.size() && size > 0 && !beginsCharacter(text[size]))
+        --size;
+    return printable(text.substr(0, size)) + (size < text.size() ? "..." : "");
+}
+
+std::string localTimeText(std::int64_t milliseconds)
+{
+    const std::time_t moment = static_cast<std::time_t>(milliseconds / 1000);
+    std::tm local = {};
+    std::array<char, 64> text = {};
+    if (localtime_r(&moment, &local) == nullptr ||
+        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local) == 0)
+        return std::to_string(milliseconds);
+    return text.data();
 }
 
 } // namespace tamobox

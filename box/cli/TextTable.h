@@ -2,6 +2,7 @@
 #ifndef TAMOBOX_TEXTTABLE_H
 #define TAMOBOX_TEXTTABLE_H
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,12 @@ namespace tamobox {
  * @param rows the headings first; all of the same length, of printable UTF-8
  */
 std::vector<std::string> tableLines(const std::vector<std::vector<std::string>>& rows);
+
+/** A cell with any text: printable, and cut with "..." where it is long. */
+std::string tableCell(const std::string& text);
+
+/** A moment in the machine's local time. @param milliseconds since the epoch */
+std::string localTimeText(std::int64_t milliseconds);
 
 } // namespace tamobox
 

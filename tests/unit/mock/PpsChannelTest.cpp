@@ -75,7 +75,7 @@ protected:
 };
 
 using Kinds = testing::Types<LedKind, NotificationKind>;
-TYPED_TEST_SUITE(InstalledChannelTest, Kinds);
+TYPED_TEST_SUITE(InstalledChannelTest, Kinds, );
 
 TYPED_TEST(InstalledChannelTest, IsCurrentWhileSomebodyHoldsIt)
 {
