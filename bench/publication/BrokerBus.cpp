@@ -105,7 +105,7 @@ public:
         check(sd_bus_message_append(request, "oh", "/org/bus1/DBus/Listener/0", listener),
               "append the listener");
         appendPolicy(request);
-        sd_bus_error error = SD_BUS_ERROR_NULL;
+        sd_bus_error error = {}; // as SD_BUS_ERROR_NULL, which is C99 and no C++
         const int result = sd_bus_call(m_bus, request, 5'000'000, &error, nullptr);
         sd_bus_message_unref(request);
         sd_bus_error_free(&error);
