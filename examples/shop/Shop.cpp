@@ -16,19 +16,24 @@ std::ostream& operator<<(std::ostream& out, const QString& text)
 
 std::ostream& operator<<(std::ostream& out, const PurchaseReceipt& receipt)
 {
-    return out << receipt.digitalGoodId() << ", purchase " << receipt.purchaseId();
+    out << receipt.digitalGoodId() << ", purchase " << receipt.purchaseId();
+    if (receipt.endDate().isValid())
+        out << ", until " << receipt.endDate().toString(Qt::ISODate);
+    return out;
 }
 
-/** Prints an answer, by `print` where it is not an error, and ends the application. */
+/** Prints an answer, by `print` where it is not an error, and ends the application. `print` returns
+ * whether the answer tells what was asked for. */
 template<class Print>
 void end(const PaymentServiceResponse& info, const Print& print)
 {
+    bool isTold = false;
     if (info.error())
         std::cout << "error " << info.errorCode() << ": " << info.errorText();
     else
-        print();
+        isTold = print();
     std::cout << std::endl;
-    QCoreApplication::exit(info.error() ? 1 : 0);
+    QCoreApplication::exit(isTold ? 0 : 1);
 }
 
 } // namespace
@@ -59,7 +64,14 @@ bool Shop::ask(const QString& request, const QString& about)
 
 void Shop::onPurchase(const PurchaseResponseInfo& info)
 {
-    end(info, [&] { std::cout << "bought: " << *info.receipt(); });
+    end(info, [&] {
+        const QSharedPointer<PurchaseReceipt> receipt = info.receipt();
+        if (receipt)
+            std::cout << "bought: " << *receipt;
+        else // the answer is to something else
+            std::cout << "the payment system does not say what was bought";
+        return bool(receipt);
+    });
 }
 
 void Shop::onPurchases(const ExistingPurchasesResponseInfo& info)
@@ -69,12 +81,16 @@ void Shop::onPurchases(const ExistingPurchasesResponseInfo& info)
         std::cout << purchases.size() << " purchases";
         for (const PurchaseReceipt& receipt : purchases)
             std::cout << '\n' << receipt;
+        return true;
     });
 }
 
 void Shop::onPrice(const PriceResponseInfo& info)
 {
-    end(info, [&] { std::cout << info.digitalGoodId() << " costs " << info.price(); });
+    end(info, [&] {
+        std::cout << info.digitalGoodId() << " costs " << info.price();
+        return !info.price().isEmpty();
+    });
 }
 
 void Shop::onTerms(const SubscriptionTermsResponseInfo& info)
@@ -83,6 +99,7 @@ void Shop::onTerms(const SubscriptionTermsResponseInfo& info)
         std::cout << info.digitalGoodId() << " costs " << info.price() << " for "
                   << info.initialPeriod() << " days, then " << info.renewalPrice() << " for each "
                   << info.renewalPeriod() << " days";
+        return !info.price().isEmpty();
     });
 }
 
@@ -90,6 +107,7 @@ void Shop::onStatus(const CheckStatusResponseInfo& info)
 {
     end(info, [&] {
         std::cout << info.digitalGoodId() << (info.active() ? " is" : " is not") << " subscribed";
+        return true;
     });
 }
 
@@ -97,5 +115,6 @@ void Shop::onCancellation(const CancelSubscriptionResponseInfo& info)
 {
     end(info, [&] {
         std::cout << info.purchaseId() << (info.canceled() ? " is" : " is not") << " cancelled";
+        return true;
     });
 }

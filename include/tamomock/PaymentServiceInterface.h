@@ -20,6 +20,7 @@ namespace tamomock {
  * **Answers.** For each answer a back end emits dataReady() once, from any thread, at any time from
  * the beginning of the request on, inside of the request's operation too. The service then calls
  * takeResponse() once for each emission, in its own thread, later: never inside of the emission.
+ * What was announced before the back end was replaced is not taken.
  *
  * **Threads.** The service calls the operations in turn, never two at a time, requests in the
  * thread of whoever makes them. It holds its lock meanwhile: no operation makes a request of the

@@ -29,9 +29,10 @@ class TAMO_EXPORT PaymentServiceInterfaceFactory
 {
 public:
     /**
-     * Makes a back end for a mode; null where there is none for it. It is called in the thread that
-     * makes the service or sets its mode, with the service's lock held: it does not use the
-     * service. What it throws comes out of that operation.
+     * Makes a back end for a mode, without a parent: it becomes the service's own. Null where there
+     * is none for it. It is called in the thread that makes the service or sets its mode, with a
+     * lock of the service's held: it does not use the service. What it throws comes out of that
+     * operation.
      */
     using Creator = std::function<PaymentServiceInterface*(int mode)>;
 

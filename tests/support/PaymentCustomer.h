@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QThread>
 
 #include <atomic>
@@ -31,6 +32,9 @@ public:
 
     /** The thread that the last slot ran in. */
     std::atomic<QThread*> thread{nullptr};
+
+    /** The object whose signal the last slot was called by. */
+    QPointer<QObject> origin;
 
     /** Called by each slot, last. */
     std::function<void()> onAnswer;
@@ -71,6 +75,7 @@ private:
     {
         list.append(info);
         thread = QThread::currentThread();
+        origin = sender();
         ++count;
         if (onAnswer)
             onAnswer();

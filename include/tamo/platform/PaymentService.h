@@ -48,8 +48,9 @@ namespace platform {
  *
  * **Exceptions.** Requests throw tamo::Exception where they cannot be handed on: there is no back
  * end (see setConnectionMode()), a text holds what a PPS object cannot carry (a NUL character, half
- * a surrogate pair), the payment system's object takes no message, or, in test mode, the dialog
- * does not answer properly. Such a request gets no answer.
+ * a surrogate pair), the payment system's object takes no message (it has not read the last 128 of
+ * this process, or has gone), or, in test mode, the dialog does not answer properly. Such a request
+ * gets no answer.
  *
  * An answer that is malformed, that nobody waits for, or whose back end has been replaced in the
  * meantime makes the slot that takes it throw tamo::Exception. It comes out of the event loop, as

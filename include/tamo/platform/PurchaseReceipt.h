@@ -48,11 +48,14 @@ public:
     /** The payment system's name for the purchase, which cancelSubscription() takes. */
     QString purchaseId() const;
 
-    /** The payment system's number for what has become of the purchase; 0 for a good that is not a
-     * subscription, 5 where it does not tell. */
+    /** The payment system's number for what has become of the purchase: 0 for a good that is not a
+     * subscription, and for a text that is no number; 5 where it does not tell (but 0 in test
+     * mode), or tells what is no `int`. */
     int state() const;
 
-    /** A subscription's initial period, in the payment system's unit; -1 where it is not told. */
+    /** A subscription's initial period, in the payment system's unit. -1 where it is not told, or
+     * the subscription's dates are not; 0 for a text that is no number, and for a subscription of
+     * test mode's that does not tell. */
     int initialPeriod() const;
 
     /** When the purchase was made. */

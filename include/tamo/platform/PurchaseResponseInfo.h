@@ -36,7 +36,8 @@ public:
     PurchaseResponseInfo& operator=(const PurchaseResponseInfo& other);
     ~PurchaseResponseInfo() override;
 
-    /** What was purchased; null after a failure. Copies of the answer share the receipt. */
+    /** What was purchased; null after a failure, and where the payment system's answer tells of no
+     * purchase: then nothing is known to be bought. Copies of the answer share the receipt. */
     QSharedPointer<PurchaseReceipt> receipt() const;
 
     /** Empty: the receipt holds the purchase's metadata. */

@@ -9,6 +9,14 @@
 namespace tamo {
 namespace platform {
 
+/** Whether a text begins as atoi() reads a number, however large. */
+inline bool beginsWithInteger(const char* text)
+{
+    char* end = nullptr;
+    std::strtoll(text, &end, 10);
+    return end != text;
+}
+
 /** The number that a text begins with, as atoi() reads it; none where it does not begin with one,
  * or with one that is no `int`. */
 inline std::optional<int> leadingInteger(const char* text)

@@ -23,7 +23,7 @@ class Request;
  * The service over one back end at a time. A request goes through submit() and comes back through
  * onDataReady().
  *
- * Lock order: the service lock, then getInstance()'s, then the back end's own.
+ * Lock order: the service lock, then getInstance()'s, then the factory's or the back end's own.
  */
 class PaymentServiceImpl : public PaymentService
 {

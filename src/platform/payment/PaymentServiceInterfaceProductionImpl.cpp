@@ -25,6 +25,18 @@ namespace {
 constexpr const char* controlPath = "/pps/services/paymentsystem/control";
 constexpr std::size_t maxAnswerSize = 65536;
 
+/** Whether a read has got nothing, not even what is too long. */
+bool isFruitless(ssize_t size)
+{
+    return size == 0 || (size == -1 && errno != EMSGSIZE);
+}
+
+bool isReady(const ServiceDescriptor& control)
+{
+    pollfd state = {control.get(), POLLIN, 0};
+    return ::poll(&state, 1, 0) == 1;
+}
+
 /** Takes an answer that is too long to be one, so that it is not met again. */
 void discard(const ServiceDescriptor& control)
 {
@@ -146,26 +158,22 @@ void PaymentServiceInterfaceProductionImpl::send(const PaymentSystemMessage& mes
 QSharedPointer<tamo::platform::InterfaceResponse>
 PaymentServiceInterfaceProductionImpl::takeResponse()
 {
-    const ssize_t size = m_control.read(m_buffer.get(), maxAnswerSize);
-    const bool isTooLong = size == -1 && errno == EMSGSIZE;
-    if (isTooLong)
+    ssize_t size = m_control.read(m_buffer.get(), maxAnswerSize);
+    bool isDead = false;
+    if (isFruitless(size) && m_wasFruitless && isReady(m_control)) {
+        // It is ready and had nothing, twice. Unless something has come meanwhile, it has lost its
+        // filesystem, and would keep the event loop busy without end.
+        size = m_control.read(m_buffer.get(), maxAnswerSize);
+        isDead = isFruitless(size);
+    }
+    m_wasFruitless = isFruitless(size);
+    if (size == -1 && errno == EMSGSIZE)
         discard(m_control);
-    const bool wasFruitless = size < 1 && !isTooLong;
-    const bool isDead = wasFruitless && m_wasFruitless && this->isDead();
-    m_wasFruitless = wasFruitless;
     if (m_notifier && !isDead)
         m_notifier->setEnabled(true);
     if (size < 1)
         return {};
     return tamo::platform::readPaymentAnswer(m_buffer.get(), static_cast<std::size_t>(size));
-}
-
-// A descriptor that is ready and has nothing, again and again, has lost its filesystem. It would
-// keep the event loop busy without end.
-bool PaymentServiceInterfaceProductionImpl::isDead() const
-{
-    pollfd state = {m_control.get(), POLLIN, 0};
-    return ::poll(&state, 1, 0) == 1;
 }
 
 } // namespace tamomock

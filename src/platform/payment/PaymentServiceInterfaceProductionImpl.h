@@ -47,7 +47,6 @@ private:
     void watch();
     void send(const tamo::platform::PaymentSystemMessage& message, int requestId,
               tamo::platform::PaymentArguments arguments);
-    bool isDead() const;
 
     const tamo::platform::ServiceDescriptor m_control;
     const QByteArray m_applicationId;

@@ -158,7 +158,7 @@ QSharedPointer<PurchaseReceipt> PurchaseDialog::receipt(const MessageReader& rea
         .setDigitalGoodSku(digitalGoodSku)
         .setPurchaseMetadata(purchaseMetadata)
         .setPurchaseId(reader.text("purchaseID").value_or(QString()))
-        .setState(integerFrom(reader.utf8("itemState")))
+        .setState(stateFromText(reader.utf8("itemState").value_or("0")))
         .setDate(QDateTime::currentDateTime());
     if (tellsPeriod(receipt->state())) {
         editor.setStartDate(dateFromNumber(reader.number("startDate")))

@@ -30,10 +30,10 @@ void readPeriod(const MessageReader& reader, Fields& fields)
 {
     const std::optional<QString> start = reader.text("startDate");
     const std::optional<QString> end = reader.text("endDate");
-    if (start && end) {
-        fields.startDate = dateFromText(*start);
-        fields.endDate = dateFromText(*end);
-    }
+    if (!start || !end)
+        return;
+    fields.startDate = dateFromText(*start);
+    fields.endDate = dateFromText(*end);
     if (const std::optional<const char*> period = reader.utf8("initialPeriod"))
         fields.initialPeriod = leadingInteger(*period).value_or(0);
 }
@@ -43,6 +43,12 @@ void readPeriod(const MessageReader& reader, Fields& fields)
 bool tellsPeriod(int state)
 {
     return state != 0 && state != notTold;
+}
+
+int stateFromText(const char* text)
+{
+    // What is no number is 0, as it is for atoi(). A number that is no `int` is none of the states.
+    return beginsWithInteger(text) ? leadingInteger(text).value_or(notTold) : 0;
 }
 
 ReceiptDate dateFromText(const QString& text)
@@ -61,7 +67,7 @@ void readReceipt(const MessageReader& reader, PurchaseReceipt& receipt)
 {
     Fields& fields = PurchaseReceiptPrivate::of(receipt);
     if (const std::optional<const char*> state = reader.utf8("itemState"))
-        fields.state = leadingInteger(*state).value_or(0);
+        fields.state = stateFromText(*state);
     if (tellsPeriod(fields.state))
         readPeriod(reader, fields);
     if (const std::optional<QString> date = reader.text("date"))

@@ -15,6 +15,9 @@ class PurchaseReceipt;
 /** Whether a receipt's state is a subscription's, which tells a period. */
 bool tellsPeriod(int state);
 
+/** A state that the payment system wrote. */
+int stateFromText(const char* text);
+
 /** A date that the payment system wrote: milliseconds since the epoch, or seconds where the text is
  * shorter than eleven characters. Null where it is not a number. */
 ReceiptDate dateFromText(const QString& text);

@@ -8,7 +8,9 @@
 #include "MailboxService.h"
 #include "PaymentLibraryTest.h"
 
+#include <atomic>
 #include <functional>
+#include <future>
 #include <memory>
 #include <thread>
 
@@ -111,6 +113,31 @@ TEST_F(PaymentTestModeSystemTest, MalformedAnswerThrowsOutOfTheRequestAndTheNext
     purchase(bought + "p\"}}");
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_TRUE(tamotest::CatchingApplication::instance()->caught.empty());
+}
+
+TEST_F(PaymentTestModeSystemTest, OtherThreadsWaitWhileTheDialogIsOpen)
+{
+    service();
+    std::atomic<bool> isAnswered{false};
+    std::atomic<bool> hasWaited{false};
+    std::promise<void> isOpen;
+    std::thread other([&] {
+        isOpen.get_future().wait();
+        service().requestPrice("g", &customer, PaymentCustomer::price());
+        hasWaited = isAnswered.load();
+    });
+    std::thread user([&] {
+        const QByteArray id = dialog.next().value("id").toByteArray();
+        isOpen.set_value();
+        // Were it not to wait, this is where it would come through.
+        EXPECT_FALSE(QTest::qWaitFor([&] { return hasWaited || customer.count > 0; }, 100));
+        isAnswered = true;
+        dialog.write("msg::show\nid::" + id + "\nres::x\ndat:json:" + bought + "p\"}}\n");
+    });
+    service().requestPurchase("g", &customer, PaymentCustomer::purchase());
+    user.join();
+    other.join();
+    EXPECT_TRUE(hasWaited);
 }
 
 } // namespace

@@ -62,6 +62,15 @@ TEST_F(ShopTest, BuysFromThePaymentSystem)
     EXPECT_EQ(end(), "bought: sword, purchase 7\n0");
 }
 
+TEST_F(ShopTest, SaysWhatItIsNotTold)
+{
+    start({"buy", "sword"});
+    const QVariant id = paymentSystem->next().value("id");
+    paymentSystem->answer(
+        {{"msg", "x"}, {"id", id}, {"res", "somethingNew"}, {"dat", QVariantMap{{"a", 1}}}});
+    EXPECT_EQ(end(), "the payment system does not say what was bought\n1");
+}
+
 TEST_F(ShopTest, TellsARefusal)
 {
     start({"price", "sword"});

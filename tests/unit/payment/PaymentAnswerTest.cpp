@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 using tamo::platform::InterfaceResponse;
@@ -176,8 +177,27 @@ TEST(PaymentAnswerTest, SubscriptionHasAPeriod)
     }
     const auto withoutStart = receiptOf(R"("itemState":"1","endDate":"20","initialPeriod":"7x")");
     EXPECT_TRUE(withoutStart.endDate().isNull());
-    EXPECT_EQ(withoutStart.initialPeriod(), 7);
-    EXPECT_TRUE(receiptOf(R"("itemState":"1","startDate":"10")").startDate().isNull());
+    EXPECT_EQ(withoutStart.initialPeriod(), -1);
+    const auto withoutEnd = receiptOf(R"("itemState":"1","startDate":"10","initialPeriod":"7")");
+    EXPECT_TRUE(withoutEnd.startDate().isNull());
+    EXPECT_EQ(withoutEnd.initialPeriod(), -1);
+    const auto withoutPeriod = receiptOf(R"("itemState":"1","startDate":"10","endDate":"20")");
+    EXPECT_EQ(withoutPeriod.endDate(), QDateTime::fromMSecsSinceEpoch(20'000));
+    EXPECT_EQ(withoutPeriod.initialPeriod(), -1);
+    EXPECT_EQ(receiptOf(R"("itemState":"1","startDate":"x","endDate":"x","initialPeriod":"7x")")
+                  .initialPeriod(),
+              7);
+}
+
+TEST(PaymentAnswerTest, StateThatIsNoNumberIsZeroAndOneThatIsTooLargeIsUnknown)
+{
+    using tamo::platform::stateFromText;
+    for (const char* const text : {"", "x", "-", " +x"})
+        EXPECT_EQ(stateFromText(text), 0) << text;
+    EXPECT_EQ(stateFromText(" 3x"), 3);
+    EXPECT_EQ(stateFromText("2147483647"), 2147483647);
+    for (const char* const text : {"2147483648", "-2147483649", "99999999999999999999"})
+        EXPECT_EQ(stateFromText(text), 5) << text;
 }
 
 TEST(PaymentAnswerTest, DateIsOfSecondsOrOfMilliseconds)
@@ -189,7 +209,8 @@ TEST(PaymentAnswerTest, DateIsOfSecondsOrOfMilliseconds)
     EXPECT_EQ(dateOf("-5"), QDateTime::fromMSecsSinceEpoch(-5000));
     for (const char* const text : {"", "x", "12x", "1.5", "0x10", "99999999999999999999"})
         EXPECT_TRUE(dateOf(text).isNull()) << text;
-    dateOf("9223372036854775807"); // whatever it is
+    const qint64 latest = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(dateOf("9223372036854775807"), QDateTime::fromMSecsSinceEpoch(latest));
 }
 
 TEST(PaymentAnswerTest, ExistingPurchasesAreAList)

@@ -68,6 +68,16 @@ protected:
     tamotest::SubstitutePayments& till;
 };
 
+TEST_F(PaymentServiceTest, RequestEndsWithItsSignal)
+{
+    bool isThere = false;
+    customer.onAnswer = [&] { isThere = !customer.origin.isNull(); };
+    till.answer(askForPrice());
+    EXPECT_EQ(deliver(), 0);
+    EXPECT_TRUE(isThere);
+    EXPECT_TRUE(customer.origin.isNull());
+}
+
 TEST_F(PaymentServiceTest, EachRequestIsHandedOnWithAllOfIt)
 {
     makeEachRequest();
