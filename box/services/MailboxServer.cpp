@@ -48,10 +48,10 @@ void MailboxServer::address(MessageWriter& answer, Client client) const
     answer.object(m_name + '.' + std::to_string(client));
 }
 
-MailboxServer::Delivery MailboxServer::send(MessageWriter& answer)
+MailboxServer::Delivery MailboxServer::send(const std::string& answer)
 {
     try {
-        m_file.write(answer.text());
+        m_file.write(answer);
         return Delivery::Sent;
     } catch (const ObjectFailure& failure) {
         if (failure.error() == ENOENT)

@@ -66,7 +66,10 @@ public:
      *
      * @throws ObjectFailure
      */
-    Delivery send(MessageWriter& answer);
+    Delivery send(MessageWriter& answer) { return send(answer.text()); }
+
+    /** The same of the text of an answer. */
+    Delivery send(const std::string& answer);
 
     /**
      * Hands out at once what the loop would hand out next.

@@ -5,12 +5,6 @@
 
 namespace tamobox {
 
-namespace {
-
-constexpr auto Sent = MailboxServer::Delivery::Sent;
-
-} // namespace
-
 bool AnswerPost::send(const PaymentRequest& request, const PaymentAnswer& answer, Moment now)
 {
     MessageWriter measured;
@@ -19,14 +13,14 @@ bool AnswerPost::send(const PaymentRequest& request, const PaymentAnswer& answer
         return sendError(request, paymenterror::tooLong, now);
     return m_payments.send(request.client, [&](MessageWriter& message) {
         writeAnswer(message, request, answer, now);
-    }) == Sent;
+    });
 }
 
 bool AnswerPost::sendChoice(const PaymentRequest& request, bool buys, Moment now)
 {
     return m_dialogs.send(request.client, [&](MessageWriter& message) {
         writeDialogChoice(message, request, buys, now);
-    }) == Sent;
+    });
 }
 
 bool AnswerPost::sendError(const PaymentRequest& request, const PaymentError& error, Moment now)
@@ -34,7 +28,7 @@ bool AnswerPost::sendError(const PaymentRequest& request, const PaymentError& er
     if (request.isDialog)
         return m_dialogs.send(request.client, [&](MessageWriter& message) {
             writeDialogFailure(message, request.id, error.text);
-        }) == Sent;
+        });
     PaymentAnswer answer;
     answer.error = error;
     return send(request, answer, now);
@@ -45,7 +39,7 @@ bool AnswerPost::sendGarbage(const PaymentRequest& request)
     RequestMailbox& mailbox = request.isDialog ? m_dialogs : m_payments;
     return mailbox.send(request.client, [](MessageWriter& message) {
         message.add("garbage", "}{").add("res", 42);
-    }) == Sent;
+    });
 }
 
 } // namespace tamobox

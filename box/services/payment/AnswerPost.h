@@ -10,7 +10,7 @@ namespace tamobox {
 /**
  * Sends answers to the applications that have asked: the payment system's, and the dialog's.
  *
- * Each operation returns whether the answer is in the application's queue.
+ * Each operation returns whether the answer is in the application's queue, or follows.
  */
 class AnswerPost
 {

@@ -29,7 +29,7 @@ public:
     {
         std::string purchaseId;   ///< that came of it; empty: none
         std::string refusal;      ///< why what was approved was not carried out; empty: it was
-        bool isDelivered = false; ///< whether the answer is in the application's queue
+        bool isDelivered = false; ///< whether the answer is in the application's queue, or follows
     };
 
     /** @param onNewRequest called when a request begins to wait. Throws Failure. */

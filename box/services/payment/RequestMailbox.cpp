@@ -28,12 +28,14 @@ RequestMailbox::RequestMailbox(EventLoop& loop, const std::string& object, Compl
           },
           [this, onLeave = std::move(onLeave)](MailboxServer::Client client) {
               m_clients.erase(client);
+              m_outboxes.clientLeft(client);
               onLeave(client);
           },
           [this](MailboxServer::Client client, pid_t process) {
               m_clients[client] = {client, process,
                                    process == 0 ? std::string() : processName(process)};
           })
+    , m_outboxes(loop, [this](const std::string& message) { return m_server.send(message); })
 {
 }
 
@@ -55,17 +57,17 @@ void RequestMailbox::handOutAgain(const std::string& text)
         handle(client, reader, text);
 }
 
-MailboxServer::Delivery RequestMailbox::send(const ApplicationClient& client,
-                                             const std::function<void(MessageWriter&)>& fill)
+bool RequestMailbox::send(const ApplicationClient& client,
+                          const std::function<void(MessageWriter&)>& fill)
 {
     MessageWriter message;
     m_server.address(message, client.number);
     fill(message);
-    const auto delivery = m_server.send(message);
+    const auto delivery = m_outboxes.send(client.number, message.text());
     if (delivery == MailboxServer::Delivery::Full)
         m_complaints.add("an answer to " + processText(client.process, client.application) +
-                         " is lost: it does not read what it is sent, and its queue is full");
-    return delivery;
+                         " is lost: it does not read what it is sent, and no more of it is kept");
+    return delivery == MailboxServer::Delivery::Sent;
 }
 
 void RequestMailbox::handle(MailboxServer::Client number, MessageReader& request,
@@ -75,6 +77,7 @@ void RequestMailbox::handle(MailboxServer::Client number, MessageReader& request
     if (found == m_clients.end())
         return;
     const ApplicationClient client = found->second;
+    m_outboxes.tryNow(number); // who asks may have read meanwhile
     try {
         Envelope envelope{client, requiredText(request, "msg", longestName),
                           requiredText(request, "id", longestId)};

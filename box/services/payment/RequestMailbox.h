@@ -2,6 +2,8 @@
 #ifndef TAMOBOX_REQUESTMAILBOX_H
 #define TAMOBOX_REQUESTMAILBOX_H
 
+#include "Outboxes.h"
+
 #include "services/ApplicationMailbox.h"
 
 #include <functional>
@@ -43,10 +45,14 @@ public:
      * client is not there any more. */
     void handOutAgain(const std::string& text);
 
-    /** Sends a client a message; `fill` adds its attributes. What becomes of it is complained of
-     * where it is lost. Throws Failure where there is no room in a message, and ObjectFailure. */
-    MailboxServer::Delivery send(const ApplicationClient& client,
-                                 const std::function<void(MessageWriter&)>& fill);
+    /**
+     * Sends a client a message; `fill` adds its attributes.
+     *
+     * @return whether it is in the client's queue, or follows as soon as there is room; else it is
+     * lost, which is complained of unless the client has gone
+     * @throws Failure where there is no room in a message, and ObjectFailure
+     */
+    bool send(const ApplicationClient& client, const std::function<void(MessageWriter&)>& fill);
 
 private:
     void handle(MailboxServer::Client client, MessageReader& request, const std::string& text);
@@ -56,6 +62,7 @@ private:
     Handler m_onRequest;
     std::map<MailboxServer::Client, ApplicationClient> m_clients;
     MailboxServer m_server;
+    Outboxes m_outboxes;
 };
 
 } // namespace tamobox

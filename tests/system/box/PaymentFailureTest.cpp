@@ -11,6 +11,38 @@ namespace {
 class PaymentFailureTest : public PaymentTest
 {
 protected:
+    /** A purchase with as much metadata as there may be. */
+    static std::string largePurchase(const std::string& id, const std::string& good)
+    {
+        std::string request = purchase(id, good);
+        request.replace(request.find("\"meta\""), 6, '"' + std::string(8192, 'x') + '"');
+        return request;
+    }
+
+    /** Buys so much that one purchase more makes the list too long. */
+    void buyUpToTheLongestList(const Box& box) const
+    {
+        for (int i = 0; i < 7; ++i)
+            EXPECT_THAT(answerTo(box, largePurchase("1", "approved")),
+                        HasSubstr("paymentSystemSuccess"));
+    }
+
+    /** So many requests like one; see sendMany(). */
+    using Many = std::pair<std::string, int>;
+
+    /** As sendMany(), with one sort of requests after the other; and when /pps/go is published, it
+     * prints what it is sent. */
+    std::unique_ptr<Process> sendThenRead(const Box& box, const std::vector<Many>& requests) const
+    {
+        std::string script = ": > /pps/go; exec 3<>'/pps/services/paymentsystem/control?wait'; ";
+        for (const auto& [request, count] : requests)
+            script += "for i in $(seq " + std::to_string(count) + "); do until printf '" +
+                      forPrintf(request) + "' $i >&3; do :; done 2>/dev/null; done; ";
+        script += "echo sent; dd 'if=/pps/go?wait' bs=4096 count=1 status=none; exec cat <&3";
+        return std::make_unique<Process>(
+            tamoBox({"exec", "--box", box.name, "--", "sh", "-c", script}), GetParam());
+    }
+
     void killService(const Box& box) const
     {
         const pid_t killed = box.signal("payment-service", SIGKILL);
@@ -69,16 +101,35 @@ TEST_P(PaymentFailureTest, ApplicationsThatGoTakeTheirRequestsWithThem)
     EXPECT_EQ(purchasesAsJson(box), "[]\n");
 }
 
-TEST_P(PaymentFailureTest, AnApplicationThatDoesNotReadLosesAnswersAndIsNamed)
+TEST_P(PaymentFailureTest, AnswersWaitForAnApplicationThatDoesNotReadYet)
 {
     const Box box = startIdle();
-    const Client deaf = startClient(box, {"deaf"});
-    std::string pattern = price("%d", "coins-100");
-    for (std::size_t at = pattern.find('\n'); at != std::string::npos; at = pattern.find('\n'))
-        pattern.replace(at, 1, "\\n");
-    const auto sender = sendMany(box, pattern, 200);
-    EXPECT_TRUE(sender->printed("sent"));
-    EXPECT_TRUE(box.launcher->complained("does not read what it is sent, and its queue is full"));
+    const auto late = sendThenRead(box, {{price("%d", "coins-100"), 200}});
+    ASSERT_TRUE(late->printed("sent"));
+    EXPECT_EQ(in(box, {"payment", "list", "--json"}).output, "[]\n"); // all of them are answered
+    EXPECT_THAT(answerTo(box, price("1", "coins-100")), HasSubstr("$1.99"));
+    EXPECT_THAT(in(box, {"pps", "set", "go", "on::"}), succeeds());
+    EXPECT_TRUE(late->printed("\nid::200\n"));
+    EXPECT_EQ(occurrences(late->output(), "@control"), 200);
+    EXPECT_LT(late->output().find("\nid::128\n"), late->output().find("\nid::129\n"));
+    EXPECT_THAT(box.launcher->errors(), Not(HasSubstr("is lost")));
+}
+
+TEST_P(PaymentFailureTest, AnApplicationThatNeverReadsLosesAnswersAndIsNamed)
+{
+    const Box box = startIdle();
+    buyUpToTheLongestList(box);
+    // The queue and what is kept beside it are more than 300 of such lists, and less than one more
+    // when many short answers have followed.
+    const auto deaf = sendThenRead(
+        box,
+        {{purchase("1", "coins-100"), 1}, {existing("2"), 450}, {price("3", "coins-100"), 1000}});
+    EXPECT_TRUE(deaf->printed("sent"));
+    EXPECT_TRUE(box.launcher->complained(
+        " is lost: it does not read what it is sent, and no more of it is kept"));
+    EXPECT_THAT(in(box, {"payment", "approve"}),
+                failsWith(1, "was decided, and purchase-8 recorded, but the application could not "
+                             "be told: it is leaving, or does not read"));
     EXPECT_THAT(answerTo(box, price("1", "coins-100")), HasSubstr("$1.99"));
 }
 
@@ -106,11 +157,10 @@ TEST_P(PaymentFailureTest, AKilledServiceKeepsWhatWasBoughtAndWhatWaits)
 TEST_P(PaymentFailureTest, AnAnswerThatWouldBeTooLongIsAnError)
 {
     const Box box = startIdle();
-    const std::string metadata(8192, 'x');
-    std::string request = purchase("1", "approved");
-    request.replace(request.find("\"meta\""), 6, '"' + metadata + '"');
-    for (int i = 0; i < 8; ++i)
-        EXPECT_THAT(answerTo(box, request), HasSubstr("paymentSystemSuccess"));
+    buyUpToTheLongestList(box);
+    EXPECT_THAT(answerTo(box, existing("2")), HasSubstr("getExistingPurchasesSuccess"));
+    std::string request = largePurchase("1", "approved");
+    EXPECT_THAT(answerTo(box, request), HasSubstr("paymentSystemSuccess"));
     EXPECT_THAT(answerTo(box, existing("2")),
                 HasSubstr("res::getExistingPurchasesFailure\ndat:json:{\"errorID\":9,"));
     request.insert(request.find("xxx"), "x");

@@ -177,10 +177,7 @@ TEST_P(PaymentTest, SubscriptionsRunByTheClock)
 TEST_P(PaymentTest, ManyRequestsAreListedWhole)
 {
     const Box box = startIdle();
-    std::string pattern = purchase("%d", "coins-100");
-    for (std::size_t at = pattern.find('\n'); at != std::string::npos; at = pattern.find('\n'))
-        pattern.replace(at, 1, "\\n");
-    const auto sender = sendMany(box, pattern, 300);
+    const auto sender = sendMany(box, forPrintf(purchase("%d", "coins-100")), 300);
     ASSERT_TRUE(sender->printed("sent"));
     const std::string list = in(box, {"payment", "list", "--json"}).output;
     EXPECT_EQ(occurrences(list, "\"request\":"), 300);

@@ -89,6 +89,14 @@ protected:
                            application + '"');
     }
 
+    /** A request as sendMany() takes it. */
+    static std::string forPrintf(std::string request)
+    {
+        for (std::size_t at = request.find('\n'); at != std::string::npos; at = request.find('\n'))
+            request.replace(at, 1, "\\n");
+        return request;
+    }
+
     /** The answer to a request of a process of its own. */
     std::string answerTo(const Box& box, const std::string& request) const
     {
