@@ -17,7 +17,11 @@ class ApplicationPrivate;
 /**
  * The application object. It relays what the Navigator tells about the application's window and
  * life, in the application's thread, and quits the event loop when the navigator asks the
- * application to leave.
+ * application to leave. Slots of the application's own that are connected to Navigator::exit() may
+ * not be reached any more then; what is to be done last belongs into aboutToQuit(). An application
+ * that wants to decide for itself when to leave takes the connection apart:
+ *
+ *     QObject::disconnect(Navigator::getInstance(), SIGNAL(exit()), &application, SLOT(quit()));
  *
  * @since 0.1
  */

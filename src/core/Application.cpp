@@ -15,15 +15,16 @@ Application::Application(int& argc, char** argv)
     : QCoreApplication(argc, argv), d(std::make_unique<ApplicationPrivate>(this))
 {
     const Navigator* const navigator = Navigator::getInstance();
-    connect(navigator, &Navigator::thumbnail, this, &Application::thumbnail);
-    connect(navigator, &Navigator::fullscreen, this, &Application::fullscreen);
-    connect(navigator, &Navigator::invisible, this, &Application::invisible);
-    connect(navigator, &Navigator::swipeDown, this, &Application::swipeDown);
-    connect(navigator, &Navigator::lowMemory, this, &Application::lowMemory);
-    connect(navigator, &Navigator::asleep, this, &Application::asleep);
-    connect(navigator, &Navigator::awake, this, &Application::awake);
-    connect(navigator, &Navigator::urlHandlerInvoked, this, &Application::urlHandlerInvoked);
-    connect(navigator, &Navigator::exit, this, &QCoreApplication::quit);
+    // In the form that an application can take them apart in, too.
+    connect(navigator, SIGNAL(thumbnail(QString)), this, SIGNAL(thumbnail(QString)));
+    connect(navigator, SIGNAL(fullscreen(QString)), this, SIGNAL(fullscreen(QString)));
+    connect(navigator, SIGNAL(invisible(QString)), this, SIGNAL(invisible(QString)));
+    connect(navigator, SIGNAL(swipeDown()), this, SIGNAL(swipeDown()));
+    connect(navigator, SIGNAL(lowMemory()), this, SIGNAL(lowMemory()));
+    connect(navigator, SIGNAL(asleep(QString)), this, SIGNAL(asleep(QString)));
+    connect(navigator, SIGNAL(awake(QString)), this, SIGNAL(awake(QString)));
+    connect(navigator, SIGNAL(urlHandlerInvoked(QUrl)), this, SIGNAL(urlHandlerInvoked(QUrl)));
+    connect(navigator, SIGNAL(exit()), this, SLOT(quit()));
 }
 
 // The connections end here, while this is still an application: later, a signal on its way would

@@ -95,6 +95,27 @@ INSTANTIATE_TEST_SUITE_P(
         Relay{"UrlHandlerInvoked", SIGNAL(urlHandlerInvoked(QUrl)), 1, 0, {QUrl("scheme://host")}}),
     [](const testing::TestParamInfo<Relay>& row) { return std::string(row.param.name); });
 
+TEST_P(Relayed, UntilTheApplicationTakesItApart)
+{
+    const char* const signal = GetParam().signal;
+    const auto* const sender = tamo::Navigator::getInstance();
+    EXPECT_TRUE(QObject::disconnect(sender, signal, application.get(), signal));
+    EXPECT_FALSE(QObject::disconnect(sender, signal, application.get(), signal));
+}
+
+TEST_F(ApplicationTest, StaysWhereItHasDisconnectedExit)
+{
+    const auto* const sender = tamo::Navigator::getInstance();
+    EXPECT_TRUE(QObject::disconnect(sender, SIGNAL(exit()), application.get(), SLOT(quit())));
+    QTimer::singleShot(0, application.get(), [&] {
+        EXPECT_TRUE(deliver(2));
+        EXPECT_TRUE(deliver(4)); // handed out after it
+    });
+    QObject::connect(application.get(), &Application::swipeDown, application.get(),
+                     [] { Application::exit(7); });
+    EXPECT_EQ(Application::exec(), 7);
+}
+
 TEST_F(ApplicationTest, ExitEndsTheEventLoop)
 {
     QTimer::singleShot(0, application.get(), [&] { EXPECT_TRUE(deliver(2)); });
