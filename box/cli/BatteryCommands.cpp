@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "ControlClient.h"
 #include "DurationOption.h"
+#include "NumberCheck.h"
 
 #include "common/Json.h"
 
@@ -97,7 +98,7 @@ int drain(const CommonOptions& options, const BatteryArguments& arguments)
 void addBatteryCommands(CommandLine& commandLine)
 {
     const auto arguments = std::make_shared<BatteryArguments>();
-    const CLI::Range percent(0, 100);
+    const auto percent = wholeNumber(0, 100);
     CLI::App& battery =
         commandLine.add(commandLine.root(), "battery", "The battery; alone: shows it", showBattery);
 

@@ -87,6 +87,11 @@ EnteredBox enterBox(const std::string& requestedName, Depth depth)
     enterRoot(introduction.rootDirectory, box.name);
     if (!restrictCapabilities(capabilities))
         throw systemFailure("cannot give up the capabilities that entering took");
+    // Until the command ends, so that it may read what it was answered, though that made the box
+    // end. What runs in the box ends with it anyway.
+    static Descriptor presence;
+    if (depth == Depth::Files)
+        presence = std::move(introduction.connection);
     return box;
 }
 

@@ -75,11 +75,24 @@ void ControlClient::send(const std::string& request)
     }
 }
 
+std::optional<std::string> ControlClient::read()
+{
+    try {
+        return m_file.read();
+    } catch (const ObjectFailure& failure) {
+        if (failure.error() != ENOTCONN && failure.error() != ECONNABORTED)
+            throw;
+        throw ObjectFailure("the box ended before it answered; what it was asked to do may have "
+                            "been done",
+                            failure.error());
+    }
+}
+
 std::string ControlClient::await()
 {
     const auto deadline = Clock::now() + answerLimit;
     for (;;) {
-        if (auto message = m_file.read())
+        if (auto message = read())
             return *message;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         pollfd entry = {m_file.descriptor(), POLLIN, 0};

@@ -7,6 +7,7 @@
 #include "pps/ObjectFile.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tamobox {
@@ -37,6 +38,7 @@ public:
     void tell(const std::string& command);
 
 private:
+    std::optional<std::string> read();
     void send(const std::string& request);
     std::string await();
 

@@ -5,10 +5,10 @@
 #include "ControlClient.h"
 #include "DisplayText.h"
 #include "ExtentOption.h"
+#include "NumberCheck.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <limits>
 #include <memory>
 
 namespace tamobox {
@@ -90,7 +90,7 @@ void addId(CLI::App& command, int& id)
     command.add_option("id", id, "The display's number, above 0")
         ->type_name("ID")
         ->required()
-        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+        ->check(wholeNumber(1));
 }
 
 void addAttachCommand(CommandLine& commandLine, CLI::App& group)

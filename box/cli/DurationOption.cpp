@@ -17,7 +17,7 @@ CLI::Option* addDurationOption(CLI::App& command, const std::string& name,
                        ? std::string()
                        : "'" + text +
                              "' is no duration; durations are like 10s, 500ms, 2m or 1h, "
-                             "at most a week";
+                             "above 0 and at most a week";
         });
 }
 

@@ -102,7 +102,12 @@ void addInvokeCommand(CommandLine& commandLine, CLI::App& navigator)
             return ask(options, "invoke", **target,
                        [&](MessageWriter& arguments) { arguments.add("url", *url); });
         });
-    command.add_option("url", *url, "The URL")->type_name("URL")->required();
+    command.add_option("url", *url, "The URL")
+        ->type_name("URL")
+        ->required()
+        ->check([](const std::string& text) {
+            return text.empty() ? "the URL must not be empty" : std::string();
+        });
     *target = addNavigatorTarget(command);
 }
 

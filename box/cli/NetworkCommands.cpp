@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "ControlClient.h"
 #include "NetworkText.h"
+#include "NumberCheck.h"
 
 #include "common/Failure.h"
 
@@ -130,7 +131,7 @@ void addNetworkCommands(CommandLine& commandLine)
                                      });
     flap.add_option("--count", arguments->count, "How often it changes (default: 2)")
         ->type_name("N")
-        ->check(CLI::Range(1, 100'000));
+        ->check(wholeNumber(1, 100'000));
     flap.footer("Each change is told to the applications, one by one.");
 
     addProxyCommand(commandLine, network, arguments);

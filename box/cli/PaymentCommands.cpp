@@ -7,6 +7,7 @@
 #include "ControlClient.h"
 #include "DurationOption.h"
 #include "MessageJson.h"
+#include "NumberCheck.h"
 #include "PaymentTable.h"
 #include "TextTable.h"
 
@@ -119,7 +120,7 @@ CLI::App& addDecision(CommandLine& commandLine, CLI::App& payment, const char* n
         .add_option("--request", arguments->request,
                     "Which one, as the list numbers it (default: the oldest that waits for this)")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     addDurationOption(command, "--wait", arguments->wait,
                       "How long to wait for such a request (default: 2s)");
     return command;
@@ -177,7 +178,7 @@ void addPaymentCommands(CommandLine& commandLine)
         });
     fail.add_option("--code", failure->code, "Its number (default: 2); a dialog has none")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
 
     const auto file = std::make_shared<std::string>();
     CLI::App& catalogueCommand = commandLine.add(

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "DurationOption.h"
 #include "MessageJson.h"
+#include "NumberCheck.h"
 #include "ObjectServer.h"
 
 #include "pps/MessageReader.h"
@@ -180,13 +181,13 @@ void addPpsCommands(CommandLine& commandLine)
         add("watch", "Print an object whenever it is published, and as it is now", watch);
     watchCommand.add_option("--count", arguments->count, "End after so many messages")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
 
     CLI::App& serveCommand =
         add("serve", "Be an object's server: print requests, answer them", serve);
     serveCommand.add_option("--count", arguments->count, "End after so many requests")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     serveCommand.add_flag("--create", arguments->create, "Create the object where there is none");
     serveCommand.footer("Each request is answered with the next block of lines on standard input; "
                         "an empty line or the\n"

@@ -100,6 +100,7 @@ void visitFields(Visitor& visitor, Plan& plan)
     visitor.field(plan.environment);
     visitor.field(plan.stateDirectory);
     visitor.field(plan.catalogue);
+    visitor.field(plan.leftOut);
 }
 
 void writeAll(int fd, const std::string& bytes)

@@ -180,7 +180,7 @@ std::vector<RunningBox> running()
 
 BoxIntroduction connect(const std::string& name)
 {
-    const Descriptor connection = newSocket(0);
+    Descriptor connection = newSocket(0);
     const timeval limit = {answerLimitSeconds, 0};
     setsockopt(connection.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     const Address address = addressOf(name);
@@ -206,16 +206,15 @@ BoxIntroduction connect(const std::string& name)
     std::array<int, descriptorCount> passed = {};
     std::memcpy(passed.data(), CMSG_DATA(received), sizeof passed);
     status.resize(static_cast<std::size_t>(size));
-    return {std::move(status), Descriptor(passed[0]), Descriptor(passed[1]), Descriptor(passed[2]),
-            Descriptor(passed[3])};
+    return {std::move(status),     Descriptor(passed[0]), Descriptor(passed[1]),
+            Descriptor(passed[2]), Descriptor(passed[3]), std::move(connection)};
 }
 
-void introduce(int listeningSocket, const BoxIntroduction& introduction)
+Descriptor introduce(int listeningSocket, const BoxIntroduction& introduction)
 {
-    const Descriptor connection(
-        accept4(listeningSocket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    Descriptor connection(accept4(listeningSocket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!connection || !isOwnPeer(connection.get()))
-        return;
+        return Descriptor();
     const std::array<int, descriptorCount> passed = {
         introduction.userNamespace.get(), introduction.mountNamespace.get(),
         introduction.processNamespace.get(), introduction.rootDirectory.get()};
@@ -225,7 +224,9 @@ void introduce(int listeningSocket, const BoxIntroduction& introduction)
     header->cmsg_type = SCM_RIGHTS;
     header->cmsg_len = CMSG_LEN(sizeof passed);
     std::memcpy(CMSG_DATA(header), passed.data(), sizeof passed);
-    sendmsg(connection.get(), &message.header, MSG_NOSIGNAL);
+    if (sendmsg(connection.get(), &message.header, MSG_NOSIGNAL) == -1)
+        return Descriptor();
+    return connection;
 }
 
 } // namespace tamobox::boxsocket

@@ -26,6 +26,8 @@ struct BoxIntroduction
     Descriptor mountNamespace;
     Descriptor processNamespace;
     Descriptor rootDirectory;
+    /** The way that this came. A box that ends gives those a moment who still hold it. */
+    Descriptor connection;
 };
 
 /**
@@ -59,8 +61,11 @@ BoxIntroduction connect(const std::string& name);
 /**
  * Answers one connection to a listening socket; a connection of another user is closed unanswered.
  * Never blocks.
+ *
+ * @return the connection, which ends when the other side lets go of it; none where there was no
+ * answer
  */
-void introduce(int listeningSocket, const BoxIntroduction& introduction);
+Descriptor introduce(int listeningSocket, const BoxIntroduction& introduction);
 
 } // namespace boxsocket
 

@@ -26,6 +26,8 @@ namespace tamobox {
 namespace {
 
 constexpr auto startLimit = std::chrono::seconds(10);
+// For commands that have their answer in /pps already, to read it.
+constexpr auto farewellLimit = std::chrono::milliseconds(100);
 constexpr std::size_t longestShownCommand = 16 * 1024;
 
 Descriptor openForGuests(const char* path)
@@ -59,6 +61,7 @@ int BoxInit::run()
     startApplication();
     m_loop.watch(m_plan.listeningSocket, [this] { introduce(); });
     m_loop.runUntil([this] { return m_exitStatus != -1; }, EventLoop::Clock::time_point::max());
+    m_loop.runUntil([this] { return m_guests.empty(); }, EventLoop::Clock::now() + farewellLimit);
     // A service may have said why the application had to end.
     for (const auto& service : m_services)
         service->readRest();
@@ -109,9 +112,14 @@ void BoxInit::startServices()
         unsetenv(stateVariable); // the caller may have it from somewhere
     else
         setenv(stateVariable, m_plan.stateDirectory.c_str(), 1);
+    const auto isLeftOut = [this](const std::string& service) {
+        return std::find(m_plan.leftOut.begin(), m_plan.leftOut.end(), service) !=
+               m_plan.leftOut.end();
+    };
     for (const ServiceEntry& service : serviceTable())
-        m_services.push_back(std::make_unique<SupervisedService>(
-            m_loop, service.program, [this](const std::string& text) { note(text); }));
+        if (!isLeftOut(service.program))
+            m_services.push_back(std::make_unique<SupervisedService>(
+                m_loop, service.program, [this](const std::string& text) { note(text); }));
     for (const auto& service : m_services) {
         waitFor([&] { return service->isReady() || service->pid() == -1; });
         if (!service->isReady())
@@ -161,7 +169,7 @@ void BoxInit::readControl()
     }
     // A signal to the whole group was sent to this process before the launcher could tell of it.
     readSignals();
-    if (message->kind != ControlMessage::Kind::Signal)
+    if (message->kind != ControlMessage::Kind::Signal || m_exitStatus != -1)
         return;
     if (m_application)
         m_application->passSignal(message->number);
@@ -232,7 +240,15 @@ void BoxInit::introduce()
         addProcess(service->name(), service->pid());
     json.endArray().endObject();
     m_introduction.status = json.text();
-    boxsocket::introduce(m_plan.listeningSocket, m_introduction);
+    Descriptor connection = boxsocket::introduce(m_plan.listeningSocket, m_introduction);
+    if (!connection)
+        return;
+    const int guest = connection.get();
+    m_guests[guest] = std::move(connection);
+    m_loop.watch(guest, [this, guest] {
+        m_loop.unwatch(guest);
+        m_guests.erase(guest);
+    });
 }
 
 void BoxInit::note(const std::string& text)

@@ -11,6 +11,7 @@
 #include "common/EventLoop.h"
 #include "common/SignalQueue.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,7 +60,8 @@ private:
     std::string m_filesystemComplaint;
     std::vector<std::unique_ptr<SupervisedService>> m_services;
     std::unique_ptr<Application> m_application;
-    int m_exitStatus = -1; // -1 while the box is to go on
+    std::map<int, Descriptor> m_guests; // commands that are at work, by the descriptor's number
+    int m_exitStatus = -1;              // -1 while the box is to go on
 };
 
 } // namespace tamobox

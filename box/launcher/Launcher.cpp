@@ -128,6 +128,7 @@ void Launcher::start()
     if (m_options.isKept)
         plan.stateDirectory = keptStateDirectory(m_options.boxName);
     plan.catalogue = m_options.catalogue;
+    plan.leftOut = m_options.leftOut;
     const Descriptor planMemory = plan.toDescriptor();
     std::vector<std::string> command = privateRootCommand();
     command.insert(command.end(),

@@ -20,6 +20,7 @@ struct LaunchOptions
     std::vector<std::string> command; ///< the application and its arguments; not empty
     bool isKept = false;              ///< whether its state is there in the next box of the name
     std::string catalogue;            ///< a catalogue's text, checked; empty: the box's own
+    std::vector<std::string> leftOut; ///< services that are not started
 };
 
 /**

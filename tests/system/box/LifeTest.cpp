@@ -14,6 +14,29 @@ class LifeTest : public BoxTest
 {
 };
 
+TEST_P(LifeTest, ACommandIsAnsweredThoughTheApplicationLeavesBecauseOfIt)
+{
+    constexpr int runs = 10;
+    for (int i = 0; i < runs; ++i) {
+        Box box =
+            start({"sh", "-c", "echo started; exec head -n 2 '/pps/services/power/battery?wait'"});
+        ASSERT_THAT(in(box, {"battery", "level", "57"}), succeeds()) << "run " << i;
+        EXPECT_EQ(box.launcher->wait(), 0);
+    }
+}
+
+TEST_P(LifeTest, ACommandThatDoesNotEndDoesNotHoldTheBox)
+{
+    Box box = startIdle();
+    Process watcher(tamoBox({"pps", "watch", "services/power/battery", "--box", box.name}),
+                    GetParam());
+    ASSERT_THAT(in(box, {"battery", "level", "57"}), succeeds());
+    ASSERT_TRUE(watcher.printed("57"));
+    box.signal("tamo-test-idle", SIGKILL);
+    EXPECT_EQ(box.launcher->wait(), 128 + SIGKILL);
+    EXPECT_EQ(watcher.wait(), 1);
+}
+
 TEST_P(LifeTest, KilledLauncherLeavesNothing)
 {
     const Box box = startIdle();

@@ -196,6 +196,23 @@ TEST_P(RunTest, ServicesListenBeforeTheApplicationStarts)
             "@battery\nStateOfCharge:n:5\n");
 }
 
+TEST_P(RunTest, AServiceIsLeftOutForSomebodyToStandIn)
+{
+    const Box box = startIdleWith({"--without", "payment-service", "--without", "led-service"});
+    EXPECT_THAT(in(box, {"status"}).output,
+                AllOf(Not(HasSubstr("payment-service")), Not(HasSubstr("led-service")),
+                      HasSubstr("power-service: process")));
+    Process server(tamoBox({"pps", "serve", "services/paymentsystem/control", "--count", "1",
+                            "--box", box.name}),
+                   GetParam(), "msg::x\n\n");
+    const Result answer =
+        in(box, {"pps", "set", "services/paymentsystem/control", "--wait", "10s", "msg::price"});
+    EXPECT_EQ(answer.output, "@control\nmsg::x\n");
+    EXPECT_EQ(server.wait(), 0);
+    EXPECT_THAT(run({"run", "--without", "x", "--", "true"}),
+                failsWith(125, "there is no service 'x'; there are: power-service, "));
+}
+
 TEST_P(RunTest, RootDirectoryRefusesNewEntries)
 {
     const Result result = run({"run", "--", "sh", "-c", ": > /new-entry"});
