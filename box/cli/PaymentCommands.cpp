@@ -30,29 +30,35 @@ struct DecisionArguments
     std::chrono::milliseconds wait{2000};
 };
 
-/** What the service lists, which comes in parts. */
+/** Hands out each of the service's reports, which come in parts. */
+void forEachReport(PaymentTable table, const ControlClient::ReportHandler& onReport)
+{
+    const bool isWaiting = table == PaymentTable::Waiting;
+    ControlClient client(paymentMailbox);
+    int last = 0;
+    int before = 0;
+    do {
+        before = last;
+        client.ask(
+            isWaiting ? "list" : "purchases",
+            [&](MessageWriter& message) { message.add("after", last); },
+            [&](MessageReader& report) {
+                last = report.integer(isWaiting ? "request" : "number").value_or(last);
+                onReport(report);
+            });
+    } while (last != before);
+}
+
+/** A table of the service's reports, as it is shown. */
 class Listing
 {
 public:
     explicit Listing(PaymentTable table) : m_table(table) { m_rows = {paymentHeadings(table)}; }
 
-    void fetch()
+    void add(MessageReader& report)
     {
-        const bool isWaiting = m_table == PaymentTable::Waiting;
-        ControlClient client(paymentMailbox);
-        int last = 0;
-        std::size_t before = 0;
-        do {
-            before = m_rows.size();
-            client.ask(
-                isWaiting ? "list" : "purchases",
-                [&](MessageWriter& message) { message.add("after", last); },
-                [&](MessageReader& report) {
-                    last = report.integer(isWaiting ? "request" : "number").value_or(last);
-                    m_rows.push_back(paymentRow(m_table, report));
-                    m_json += (m_json.empty() ? "" : ",") + membersToJson(report);
-                });
-        } while (m_rows.size() != before);
+        m_rows.push_back(paymentRow(m_table, report));
+        m_json += (m_json.empty() ? "" : ",") + membersToJson(report);
     }
 
     std::string json() const { return '[' + m_json + "]\n"; }
@@ -78,8 +84,26 @@ int list(const CommonOptions& options, PaymentTable table)
 {
     enterBox(options.box, Depth::Files);
     Listing listing(table);
-    listing.fetch();
+    forEachReport(table, [&](MessageReader& report) { listing.add(report); });
     const std::string text = options.json ? listing.json() : listing.text();
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    return 0;
+}
+
+int show(const CommonOptions& options, const std::optional<int>& request)
+{
+    enterBox(options.box, Depth::Files);
+    std::string json;
+    forEachReport(PaymentTable::Waiting, [&](MessageReader& report) {
+        const bool isMeant = request ? report.integer("request") == request
+                                     : json.empty() && report.string("decides") == "user";
+        if (isMeant)
+            json = membersToJson(report);
+    });
+    if (json.empty())
+        throw Failure(request ? "no request " + std::to_string(*request) + " is waiting"
+                              : std::string("no request is waiting for a decision"));
+    const std::string text = options.json ? json + '\n' : paymentDetails(json);
     std::fwrite(text.data(), 1, text.size(), stdout);
     return 0;
 }
@@ -109,6 +133,15 @@ int decide(const CommonOptions& options, const char* command, const DecisionArgu
     return 0;
 }
 
+void addRequestOption(CLI::App& command, std::optional<int>& request, const std::string& otherwise)
+{
+    command
+        .add_option("--request", request,
+                    "Which one, as the list numbers it (default: " + otherwise + ')')
+        ->type_name("N")
+        ->check(wholeNumber(1));
+}
+
 CLI::App& addDecision(CommandLine& commandLine, CLI::App& payment, const char* name,
                       const char* description, const std::shared_ptr<DecisionArguments>& arguments)
 {
@@ -116,11 +149,7 @@ CLI::App& addDecision(CommandLine& commandLine, CLI::App& payment, const char* n
                                         [arguments, name](const CommonOptions& options) {
                                             return decide(options, name, *arguments);
                                         });
-    command
-        .add_option("--request", arguments->request,
-                    "Which one, as the list numbers it (default: the oldest that waits for this)")
-        ->type_name("N")
-        ->check(wholeNumber(1));
+    addRequestOption(command, arguments->request, "the oldest that waits for this");
     addDurationOption(command, "--wait", arguments->wait,
                       "How long to wait for such a request (default: 2s)");
     return command;
@@ -162,6 +191,11 @@ void addPaymentCommands(CommandLine& commandLine)
                 "rest.");
     commandLine.add(payment, "purchases", "List what was bought", listOf(PaymentTable::Purchases))
         .footer("With --json: an array of objects with purchaseID, purchaseAppID and the rest.");
+    const auto shown = std::make_shared<std::optional<int>>();
+    CLI::App& showCommand = commandLine.add(
+        payment, "show", "Show all of a request, or of a dialog: what the user would see",
+        [shown](const CommonOptions& options) { return show(options, *shown); });
+    addRequestOption(showCommand, *shown, "the oldest that waits for a decision");
     const auto approval = std::make_shared<DecisionArguments>();
     addDecision(commandLine, payment, "approve", "Approve of a request", approval);
     const auto cancellation = std::make_shared<DecisionArguments>();

@@ -3,7 +3,12 @@
 
 #include "TextTable.h"
 
+#include "common/Printable.h"
 #include "services/payment/Subscription.h"
+
+#include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 namespace tamobox {
 
@@ -42,6 +47,34 @@ const char* stateText(int state)
     return "unknown";
 }
 
+std::string textOfJson(const rapidjson::Value& value)
+{
+    if (value.IsString())
+        return printable(value.GetString());
+    if (value.IsArray()) {
+        std::string texts;
+        for (const rapidjson::Value& element : value.GetArray())
+            texts += (texts.empty() ? "" : " | ") + textOfJson(element);
+        return texts;
+    }
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    value.Accept(writer);
+    return buffer.GetString();
+}
+
+void addDetails(std::vector<std::vector<std::string>>& rows, const rapidjson::Value& object,
+                const std::string& prefix)
+{
+    for (const auto& member : object.GetObject()) {
+        const std::string name = prefix + member.name.GetString();
+        if (member.value.IsObject())
+            addDetails(rows, member.value, name + '.');
+        else
+            rows.push_back({name, textOfJson(member.value)});
+    }
+}
+
 } // namespace
 
 std::vector<std::string> paymentHeadings(PaymentTable table)
@@ -69,6 +102,18 @@ std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& rep
             momentOf(report, "date"),
             stateText(report.integer("itemState").value_or(-1)),
             momentOf(report, "endDate")};
+}
+
+std::string paymentDetails(const std::string& json)
+{
+    rapidjson::Document report;
+    report.Parse(json.c_str());
+    std::vector<std::vector<std::string>> rows;
+    addDetails(rows, report, {});
+    std::string text;
+    for (const std::string& line : tableLines(rows))
+        text += line;
+    return text;
 }
 
 } // namespace tamobox

@@ -22,6 +22,10 @@ std::vector<std::string> paymentHeadings(PaymentTable table);
 /** The cells of one report, in which the reader stands. */
 std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& report);
 
+/** All members of a report, a line each, those of its objects under its name and theirs. @param
+ * json the report, as membersToJson() has it */
+std::string paymentDetails(const std::string& json);
+
 } // namespace tamobox
 
 #endif

@@ -30,7 +30,8 @@ class OrientationHandler;
  *
  * Where the platform's event library fails, connecting throws tamo::Exception, and there is no
  * connection then. Where it only has no such events, as outside of a box, the connection holds and
- * hears nothing.
+ * hears nothing. Where the event library fails while there are connections, these hear nothing any
+ * more, and neither do those that are added; once all of them have gone, the next one begins anew.
  *
  * **Turning.** When the phone is turned, the application is asked first whether it turns along; the
  * answer is what setAllowedOrientation() has said. If it does, the window gets the new angle, and

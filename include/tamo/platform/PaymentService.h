@@ -148,8 +148,9 @@ public:
      * as it is. Requests that are pending go on waiting, though what was before will not answer
      * them any more; test mode's purchases are forgotten with it.
      *
-     * The former back end is deleted first; where this is called in another thread than the
-     * service's, it is deleted there, by the event loop.
+     * The former back end is deleted before the next one is made. Called in another thread than
+     * the service's, this leaves that to the event loop there: the former one is not heard any
+     * more, and goes when that loop runs.
      *
      * @throws tamo::Exception for any other number: there is no back end from then on, and every
      *         request throws, until a mode is set that is another one than the last that was
