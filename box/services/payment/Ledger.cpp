@@ -32,10 +32,9 @@ const Purchase* Ledger::find(int number) const
 
 const Purchase* Ledger::findOf(const std::string& application, const std::string& id) const
 {
-    for (const auto& [number, purchase] : m_purchases)
-        if (purchase.application == application && purchase.id() == id)
-            return &purchase;
-    return nullptr;
+    const std::optional<int> number = Purchase::numberIn(id);
+    const Purchase* const found = number ? find(*number) : nullptr;
+    return found != nullptr && found->application == application ? found : nullptr;
 }
 
 std::vector<const Purchase*> Ledger::of(const std::string& application) const

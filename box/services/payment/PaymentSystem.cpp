@@ -22,8 +22,7 @@ std::optional<PaymentError> PaymentSystem::obstacleTo(const PaymentRequest& requ
         break;
     case Operation::CheckStatus:
         // What was bought stays bought when the catalogue no longer has it.
-        if (!request.good && ledger.runningOf(request.applicationId, request.goodId,
-                                              request.goodSku, now, true) == nullptr)
+        if (!request.good && subscriptionFor(request, now) == nullptr)
             return paymenterror::unknownGood;
         break;
     case Operation::CancelSubscription: {
@@ -60,10 +59,7 @@ PaymentAnswer PaymentSystem::carryOut(const PaymentRequest& request, Moment now)
         answer.good = request.good;
         break;
     case Operation::CheckStatus:
-        answer.subscriptionExists =
-            m_state.ledger.runningOf(request.applicationId,
-                                     request.good ? request.good->id : request.goodId,
-                                     request.goodSku, now, true) != nullptr;
+        answer.subscriptionExists = subscriptionFor(request, now) != nullptr;
         break;
     case Operation::CancelSubscription:
         return cancel(request, now);
@@ -73,10 +69,22 @@ PaymentAnswer PaymentSystem::carryOut(const PaymentRequest& request, Moment now)
 
 void PaymentSystem::advanceClock(Moment by)
 {
-    PaymentState advanced = m_state;
-    advanced.advanced += by;
-    m_store.saveClock(advanced);
-    m_state = std::move(advanced);
+    m_state.advanced += by;
+    try {
+        m_store.saveClock(m_state);
+    } catch (...) {
+        m_state.advanced -= by;
+        throw;
+    }
+}
+
+// A good of the catalogue is meant by its id: its SKU may be another than when it was bought.
+const Purchase* PaymentSystem::subscriptionFor(const PaymentRequest& request, Moment now) const
+{
+    return request.good
+               ? m_state.ledger.runningOf(request.applicationId, request.good->id, {}, now, true)
+               : m_state.ledger.runningOf(request.applicationId, request.goodId, request.goodSku,
+                                          now, true);
 }
 
 PaymentAnswer PaymentSystem::buy(const PaymentRequest& request, Moment now)

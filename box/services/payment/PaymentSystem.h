@@ -34,6 +34,7 @@ public:
     void advanceClock(Moment by);
 
 private:
+    const Purchase* subscriptionFor(const PaymentRequest& request, Moment now) const;
     PaymentAnswer buy(const PaymentRequest& request, Moment now);
     PaymentAnswer cancel(const PaymentRequest& request, Moment now);
     void save(const Purchase& purchase);

@@ -5,6 +5,8 @@
 #include "Moment.h"
 #include "SubscriptionTerms.h"
 
+#include <algorithm>
+#include <charconv>
 #include <optional>
 #include <string>
 
@@ -14,7 +16,10 @@ namespace tamobox {
  * catalogue. */
 struct Purchase
 {
-    int number = 0;          ///< its own, above 0
+    /** The highest number that there is, of purchases as of requests. */
+    static constexpr int highestNumber = 1'000'000'000;
+
+    int number = 0;          ///< its own, 1 to highestNumber
     std::string application; ///< that it belongs to: the id that bought it
     std::string goodId;
     std::string goodSku;
@@ -26,7 +31,19 @@ struct Purchase
     std::optional<Moment> canceledEnd; ///< of a canceled subscription: when it ends
 
     /** How messages call it. */
-    std::string id() const { return "purchase-" + std::to_string(number); }
+    std::string id() const { return idPrefix + std::to_string(number); }
+
+    /** The number of the purchase that messages call so; nothing where they call none so. */
+    static std::optional<int> numberIn(const std::string& id)
+    {
+        const std::string digits = id.substr(std::min(idPrefix.size(), id.size()));
+        int number = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
+        return idPrefix + std::to_string(number) == id ? std::optional(number) : std::nullopt;
+    }
+
+private:
+    inline static const std::string idPrefix = "purchase-";
 };
 
 } // namespace tamobox

@@ -137,6 +137,17 @@ TEST_F(PaymentSystemTest, WhatWasBoughtCountsWithoutItsGood)
     EXPECT_TRUE(system.carryOut(check, begin).subscriptionExists);
 }
 
+TEST_F(PaymentSystemTest, ASubscriptionRunsOnUnderAnotherSku)
+{
+    PaymentRequest purchase = request(Operation::Purchase, "magazine");
+    purchase.good->sku = "OLD";
+    system.carryOut(purchase, begin);
+    PaymentRequest check = request(Operation::CheckStatus, "magazine");
+    check.goodSku = check.good->sku;
+    EXPECT_TRUE(system.carryOut(check, begin).subscriptionExists);
+    EXPECT_EQ(system.carryOut(request(Operation::Purchase, "magazine"), begin).error->code, 4);
+}
+
 TEST_F(PaymentSystemTest, ACancellationLetsThePeriodEnd)
 {
     const PaymentAnswer bought = system.carryOut(request(Operation::Purchase, "magazine"), begin);

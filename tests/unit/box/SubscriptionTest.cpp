@@ -81,7 +81,9 @@ TEST(LedgerTest, PurchasesBelongToTheirApplication)
     EXPECT_EQ(ledger.findOf("app", "purchase-2")->number, 2);
     EXPECT_EQ(ledger.findOf("app", "purchase-1"), nullptr);
     EXPECT_EQ(ledger.findOf("other", "purchase-1")->number, 1);
-    EXPECT_EQ(ledger.findOf("app", "2"), nullptr);
+    for (const char* id : {"2", "purchase-02", "purchase-2 ", "purchase-", "purchase", "",
+                           "purchase--2", "purchase-99999999999999999999", "PURCHASE-2"})
+        EXPECT_EQ(ledger.findOf("app", id), nullptr) << id;
 }
 
 TEST(LedgerTest, ARunningSubscriptionIsFoundByIdOrSku)
