@@ -25,8 +25,13 @@ public:
     /** The texts, by number. Reads them anew. Throws ObjectFailure. */
     std::map<int, std::string> all() const;
 
-    /** Puts a text under a number, in one publication. Throws Failure where it is too long, and
-     * ObjectFailure. */
+    /**
+     * Puts a text under a number. Whoever reads the pages finds the text of before or this one,
+     * whenever the service is killed: one that moves to a page with room is published there before
+     * it is taken out of the other, and counts from then on.
+     *
+     * @throws Failure where it is too long for any page, and ObjectFailure
+     */
     void put(int number, const std::string& text);
 
     /** Takes a text away; one that is not there is no error. Throws ObjectFailure. */
@@ -37,9 +42,15 @@ private:
     {
         std::unique_ptr<Publisher> object;
         int count = 0;
+        double moves = 0; // the higher, the later a record has moved here
     };
 
-    bool putInto(std::size_t page, int number, const std::string& text);
+    /** Publishes a text on a page; false where it has no room. */
+    bool publish(std::size_t page, int number, const std::string& text, double moves);
+    void add(int number, const std::string& text);
+    void move(int number, const std::string& text);
+    void take(std::size_t page, int number);
+    void settle(std::size_t page, int number);
     std::size_t otherPage();
     std::string pathOf(std::size_t page) const;
 
