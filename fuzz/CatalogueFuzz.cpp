@@ -5,6 +5,7 @@
 #include "pps/MessageWriter.h"
 #include "services/payment/Catalogue.h"
 #include "services/payment/PaymentState.h"
+#include "services/payment/Subscription.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -57,13 +58,38 @@ void readCatalogue(const std::string& text)
     }
 }
 
-void readState(const std::string& text)
+// What the payment system may make of a state has to be readable the next time.
+void keepAndReadAgain(const PaymentState& state)
 {
     try {
-        const std::string once = stateToText(stateFromText(text));
+        const std::string once = stateToText(state);
         require(stateToText(stateFromText(once)) == once, "a state that changes when it is kept");
     } catch (const Failure& failure) {
+        require(false, failure.what());
+    }
+}
+
+void readState(const std::string& text)
+{
+    PaymentState state;
+    try {
+        state = stateFromText(text);
+    } catch (const Failure& failure) {
         requireSentence(failure);
+        return;
+    }
+    keepAndReadAgain(state);
+    PaymentState last = state;
+    last.advanced = latestMoment;
+    for (const Moment now : {Moment(0), latestMoment}) {
+        for (const auto& [number, purchase] : state.ledger.all()) {
+            if (!purchase.subscription || purchase.canceledEnd)
+                continue;
+            Purchase canceled = purchase;
+            canceled.canceledEnd = standingAt(purchase, now).end;
+            last.ledger.put(canceled);
+        }
+        keepAndReadAgain(last);
     }
 }
 

@@ -7,12 +7,6 @@
 
 namespace tamobox {
 
-namespace {
-
-constexpr int longestPeriod = 36'500; // days
-
-} // namespace
-
 Catalogue Catalogue::parse(const std::string& text, const std::string& source)
 {
     if (text.size() > longestText)

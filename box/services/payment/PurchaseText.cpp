@@ -15,6 +15,9 @@ struct TextMember
     std::string Purchase::*text;
 };
 
+// What is bought at the last moment, and runs for the longest period from there.
+constexpr Moment latestEnd = latestMoment + longestPeriod * millisecondsOfADay;
+
 constexpr std::array<TextMember, 6> textMembers = {{
     {"application", &Purchase::application},
     {"digitalGoodID", &Purchase::goodId},
@@ -48,18 +51,18 @@ std::string text(const rapidjson::Value& json, const char* name)
     return text;
 }
 
-int integer(const rapidjson::Value& json, const char* name, int lowest)
+int integer(const rapidjson::Value& json, const char* name, int lowest, int highest)
 {
     const rapidjson::Value& value = member(json, name);
-    if (!value.IsInt() || value.GetInt() < lowest)
+    if (!value.IsInt() || value.GetInt() < lowest || value.GetInt() > highest)
         failAt(name);
     return value.GetInt();
 }
 
-Moment moment(const rapidjson::Value& json, const char* name)
+Moment moment(const rapidjson::Value& json, const char* name, Moment latest)
 {
     const rapidjson::Value& value = member(json, name);
-    if (!value.IsInt64() || value.GetInt64() < 0 || value.GetInt64() > latestMoment * 2)
+    if (!value.IsInt64() || value.GetInt64() < 0 || value.GetInt64() > latest)
         failAt(name);
     return value.GetInt64();
 }
@@ -87,16 +90,16 @@ Purchase readPurchase(const rapidjson::Value& json)
     if (!json.IsObject())
         throw Failure("a purchase cannot be read: it is no object");
     Purchase purchase;
-    purchase.number = integer(json, "number", 1);
+    purchase.number = integer(json, "number", 1, Purchase::highestNumber);
     for (const TextMember& member : textMembers)
         purchase.*member.text = text(json, member.name);
-    purchase.date = moment(json, "date");
+    purchase.date = moment(json, "date", latestMoment);
     if (json.HasMember("initialPeriod")) {
-        purchase.subscription =
-            SubscriptionTerms{integer(json, "initialPeriod", 1), integer(json, "renewalPeriod", 0),
-                              text(json, "renewalPrice")};
+        purchase.subscription = SubscriptionTerms{integer(json, "initialPeriod", 1, longestPeriod),
+                                                  integer(json, "renewalPeriod", 0, longestPeriod),
+                                                  text(json, "renewalPrice")};
         if (json.HasMember("canceledEnd"))
-            purchase.canceledEnd = moment(json, "canceledEnd");
+            purchase.canceledEnd = moment(json, "canceledEnd", latestEnd);
     }
     return purchase;
 }
