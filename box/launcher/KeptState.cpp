@@ -2,7 +2,9 @@
 #include "KeptState.h"
 
 #include "common/Descriptor.h"
+#include "common/DirectorySync.h"
 #include "common/Failure.h"
+#include "services/Complaints.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,11 +35,25 @@ std::string stateHome()
     return std::string(home) + "/.local/state";
 }
 
+// A directory that a crash of the machine takes away takes what was kept in it along.
+void syncParent(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    try {
+        syncDirectory(slash == 0 ? "/" : path.substr(0, slash));
+    } catch (const Failure& failure) {
+        Complaints::write(std::string("a crash of the machine may lose what is kept: ") +
+                          failure.what());
+    }
+}
+
 void makeDirectory(const std::string& path)
 {
     for (std::size_t slash = path.find('/', 1);; slash = path.find('/', slash + 1)) {
         const std::string part = path.substr(0, slash);
-        if (mkdir(part.c_str(), forTheUserAlone) == -1 && errno != EEXIST)
+        if (mkdir(part.c_str(), forTheUserAlone) == 0)
+            syncParent(part);
+        else if (errno != EEXIST)
             throw systemFailure("cannot create " + part);
         if (slash == std::string::npos)
             return;

@@ -2,7 +2,9 @@
 #include "KeptPurchases.h"
 
 #include "common/Descriptor.h"
+#include "common/DirectorySync.h"
 #include "common/Failure.h"
+#include "services/Complaints.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -74,17 +76,21 @@ PaymentState KeptPurchases::load(std::string& trouble)
     }
 }
 
-void KeptPurchases::savePurchase(const PaymentState& state, const Purchase&)
+void KeptPurchases::savePurchase(const PaymentState& state, const Purchase& purchase)
 {
-    save(state);
+    const std::string text = stateToText(state);
+    if (text.size() > longestFile && !purchase.canceledEnd)
+        throw Failure("there is no room for more purchases: " + m_path + " would be longer than " +
+                      std::to_string(longestFile) + " bytes");
+    save(text);
 }
 
 void KeptPurchases::saveClock(const PaymentState& state)
 {
-    save(state);
+    save(stateToText(state));
 }
 
-void KeptPurchases::save(const PaymentState& state)
+void KeptPurchases::save(const std::string& text)
 {
     const std::string path = m_path + ".new";
     unlink(path.c_str()); // of a service that was killed; never write through a link
@@ -92,15 +98,17 @@ void KeptPurchases::save(const PaymentState& state)
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file)
         throw systemFailure("cannot create " + path);
-    writeAll(file, path, stateToText(state));
-    // Whether the directory is on the disk yet decides which of the two is found after a crash of
-    // the machine.
-    const Descriptor directory(open(m_directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!directory)
-        throw systemFailure("cannot open " + m_directory);
+    writeAll(file, path, text);
     if (rename(path.c_str(), m_path.c_str()) == -1)
         throw systemFailure("cannot replace " + m_path);
-    fsync(directory.get());
+    // Whether the directory is on the disk yet decides which of the two is found after a crash of
+    // the machine. Nothing else depends on it, so the change counts.
+    try {
+        syncDirectory(m_directory);
+    } catch (const Failure& failure) {
+        Complaints::write(std::string("a crash of the machine may undo the last change: ") +
+                          failure.what());
+    }
 }
 
 std::string KeptPurchases::setAside() const

@@ -4,6 +4,8 @@
 
 #include "PurchaseStore.h"
 
+#include <cstddef>
+
 namespace tamobox {
 
 /** The state of a kept box: one file, replaced as a whole with each change, so that it is always
@@ -18,11 +20,16 @@ public:
      * the state begins empty. */
     PaymentState load(std::string& trouble) override;
 
+    /** The longest file that a purchase is added to, in bytes: it is written anew for each. */
+    static constexpr std::size_t longestFile = std::size_t{4} << 20;
+
+    /** Throws Failure also where the file would be longer than longestFile; a cancellation finds
+     * room in any case. */
     void savePurchase(const PaymentState& state, const Purchase& purchase) override;
     void saveClock(const PaymentState& state) override;
 
 private:
-    void save(const PaymentState& state);
+    void save(const std::string& text);
     std::string setAside() const;
 
     std::string m_directory;

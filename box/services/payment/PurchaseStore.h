@@ -4,6 +4,7 @@
 
 #include "PaymentState.h"
 
+#include <memory>
 #include <string>
 
 namespace tamobox {
@@ -13,6 +14,9 @@ class PurchaseStore
 {
 public:
     virtual ~PurchaseStore() = default;
+
+    /** The store of this box: a kept box's directory, or else its `/pps`. */
+    static std::unique_ptr<PurchaseStore> ofThisBox();
 
     /**
      * Reads what was saved; nothing where nothing ever was.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "services/payment/KeptPurchases.h"
+#include "services/payment/Subscription.h"
 
 #include "common/Failure.h"
 
@@ -128,6 +129,42 @@ TEST_F(KeptPurchasesTest, ADamagedFileIsKeptAsideAndToldOf)
     }
 }
 
+TEST_F(KeptPurchasesTest, WhatNoPurchaseCanBeIsDamage)
+{
+    PaymentState good;
+    good.ledger.put(fullPurchase());
+    const std::string whole = stateToText(good);
+    EXPECT_NO_THROW(stateFromText(whole));
+    const std::pair<const char*, const char*> changes[] = {
+        {"\"number\":7", "\"number\":2147483647"},
+        {"\"number\":7", "\"number\":1000000001"},
+        {"\"number\":7", "\"number\":0"},
+        {"\"date\":1234567890123", "\"date\":253402300800000"},
+        {"\"initialPeriod\":7", "\"initialPeriod\":36501"},
+        {"\"renewalPeriod\":30", "\"renewalPeriod\":2147483647"},
+        {"\"canceledEnd\":1234999999999", "\"canceledEnd\":506804601599998"},
+    };
+    for (const auto& [before, after] : changes) {
+        std::string changed = whole;
+        changed.replace(changed.find(before), std::string(before).size(), after);
+        EXPECT_THROW(stateFromText(changed), Failure) << after;
+    }
+}
+
+TEST_F(KeptPurchasesTest, TheLatestCancellationIsReadAgain)
+{
+    Purchase purchase = fullPurchase();
+    purchase.number = Purchase::highestNumber;
+    purchase.date = latestMoment;
+    purchase.subscription = SubscriptionTerms{longestPeriod, longestPeriod, "$2"};
+    purchase.canceledEnd.reset();
+    purchase.canceledEnd = standingAt(purchase, latestMoment).end;
+    PaymentState state;
+    state.ledger.put(purchase);
+    state.advanced = latestMoment;
+    EXPECT_EQ(stateToText(stateFromText(stateToText(state))), stateToText(state));
+}
+
 TEST_F(KeptPurchasesTest, EveryTruncationIsDamage)
 {
     PaymentState good;
@@ -147,6 +184,29 @@ TEST_F(KeptPurchasesTest, WhatCannotBeSavedLeavesTheFileAsItWas)
     changed.advanced = 5;
     EXPECT_THROW(store.saveClock(changed), Failure);
     EXPECT_EQ(readFile(file()), before);
+}
+
+TEST_F(KeptPurchasesTest, AFileThatWouldBeTooLongTakesNoMorePurchases)
+{
+    PaymentState state;
+    Purchase purchase = fullPurchase();
+    purchase.canceledEnd.reset();
+    purchase.metadata = std::string(8192, 'x');
+    for (purchase.number = 1; stateToText(state).size() <= KeptPurchases::longestFile;
+         ++purchase.number)
+        state.ledger.put(purchase);
+    state.ledger.remove(--purchase.number);
+    KeptPurchases store(m_directory);
+    Purchase last = *state.ledger.find(1);
+    store.savePurchase(state, last);
+    const std::string before = readFile(file());
+    state.ledger.put(purchase);
+    EXPECT_THROW(store.savePurchase(state, purchase), Failure);
+    EXPECT_EQ(readFile(file()), before);
+    store.saveClock(state);
+    last.canceledEnd = last.date;
+    state.ledger.put(last);
+    EXPECT_NO_THROW(store.savePurchase(state, last));
 }
 
 TEST_F(KeptPurchasesTest, WhatIsNoFileIsRefused)
