@@ -32,6 +32,7 @@ inline constexpr int malformed = 7; ///< with what is wrong with the request
 inline const PaymentError notRecorded = {8, "The purchase could not be recorded."};
 inline const PaymentError tooLong = {9, "The answer would be too long."};
 inline const PaymentError tooMany = {10, "Too many requests are waiting."};
+inline const PaymentError noNumber = {11, "There are no more numbers for requests."};
 } // namespace paymenterror
 
 /** What the payment system answers to one request. */

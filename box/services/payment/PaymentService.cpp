@@ -1,36 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentService.h"
 
-#include "BoxPurchases.h"
-#include "KeptPurchases.h"
-
-#include "common/BoxEnvironment.h"
 #include "services/dialog/DialogRequest.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 
 namespace tamobox {
 
 namespace {
 
-// How the kept requests of the two mailboxes begin.
-constexpr char paymentMark = 'p';
-constexpr char dialogMark = 'd';
-
 Moment machineTime()
 {
     using namespace std::chrono;
     return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
-}
-
-std::unique_ptr<PurchaseStore> makeStore()
-{
-    const char* const directory = std::getenv(stateVariable);
-    if (directory != nullptr)
-        return std::make_unique<KeptPurchases>(directory);
-    return std::make_unique<BoxPurchases>();
 }
 
 std::string malformedText(const Failure& failure)
@@ -58,34 +41,25 @@ PaymentService::PaymentService(EventLoop& loop, std::function<void()> onNewReque
           },
           [this](MailboxServer::Client client) { m_waiting.clientLeft(client, true); })
 {
-    loadState();
+    m_system = std::make_unique<PaymentSystem>(*m_store, m_store->load(m_trouble));
+    if (!ledger().all().empty())
+        m_numbers.startAfter(ledger().all().rbegin()->first);
     // The box shows what a service says once it is ready.
     if (!m_trouble.empty())
         m_troubleTimer.startAt(EventLoop::Clock::now());
 }
 
-void PaymentService::loadState()
-{
-    m_store = makeStore();
-    m_system = std::make_unique<PaymentSystem>(*m_store, m_store->load(m_trouble));
-    const auto& purchases = m_system->state().ledger.all();
-    if (!purchases.empty())
-        m_nextNumber = purchases.rbegin()->first + 1;
-}
-
 void PaymentService::resume()
 {
-    const std::map<int, std::string> kept = m_waiting.kept();
+    const std::vector<WaitingRequests::Kept> kept = m_waiting.takeOver();
     if (kept.empty())
         return;
-    m_nextNumber = std::max(m_nextNumber, kept.rbegin()->first + 1);
+    m_numbers.startAfter(kept.back().number);
     // Who is still there; what came meanwhile is behind what was there before.
     m_payments.catchUp();
     m_dialogs.catchUp();
-    for (const auto& [number, text] : kept) {
-        m_resumedNumber = number;
-        (text[0] == dialogMark ? m_dialogs : m_payments).handOutAgain(text.substr(1));
-        m_resumedNumber.reset();
+    for (const auto& [number, isDialog, text] : kept) {
+        (isDialog ? m_dialogs : m_payments).handOutAgain(number, text);
         if (m_waiting.find(number) == nullptr)
             m_waiting.forget(number);
     }
@@ -104,7 +78,7 @@ PaymentRequest PaymentService::begin(const Envelope& envelope, const std::string
                                      bool isDialog)
 {
     PaymentRequest request;
-    request.number = m_resumedNumber ? *m_resumedNumber : m_nextNumber++;
+    request.number = envelope.number ? *envelope.number : m_numbers.next();
     request.client = envelope.client;
     request.id = envelope.id;
     request.isDialog = isDialog;
@@ -121,6 +95,10 @@ void PaymentService::takePayment(const Envelope& envelope, MessageReader& messag
         throw Failure("there is no request " + quoted(envelope.message));
     PaymentRequest request = begin(envelope, text, false);
     request.operation = *operation;
+    if (request.number == RequestNumbers::none) {
+        refuse(request, paymenterror::noNumber);
+        return;
+    }
     try {
         if (!message.enter("dat"))
             throw Failure("dat must be an object");
@@ -142,13 +120,17 @@ void PaymentService::takePayment(const Envelope& envelope, MessageReader& messag
     else if (const auto obstacle = m_system->obstacleTo(request, now());
              obstacle && request.policy.who == Policy::Who::User)
         request.policy = immediateApproval();
-    admitOrRefuse(request, paymentMark + text);
+    admitOrRefuse(request, text);
 }
 
 void PaymentService::takeDialog(const Envelope& envelope, MessageReader& message,
                                 const std::string& text)
 {
     PaymentRequest request = begin(envelope, text, true);
+    if (request.number == RequestNumbers::none) {
+        refuse(request, paymenterror::noNumber);
+        return;
+    }
     try {
         if (envelope.message != "show")
             throw Failure("there is no request " + quoted(envelope.message));
@@ -163,7 +145,7 @@ void PaymentService::takeDialog(const Envelope& envelope, MessageReader& message
         request.good = *good;
         request.policy = good->policy;
     }
-    admitOrRefuse(request, dialogMark + text);
+    admitOrRefuse(request, text);
 }
 
 void PaymentService::admitOrRefuse(PaymentRequest& request, const std::string& text)
@@ -184,7 +166,7 @@ void PaymentService::admit(PaymentRequest& request, const std::string& text)
         answer(request, request.policy.decision);
         return;
     }
-    if (!m_waiting.hasRoomFor(request.bytes)) {
+    if (!m_waiting.hasRoomFor(request)) {
         refuse(request, paymenterror::tooMany);
         return;
     }
@@ -270,7 +252,7 @@ void PaymentService::setTimer()
 
 Moment PaymentService::now() const
 {
-    return machineTime() + advanced();
+    return std::clamp<Moment>(machineTime() + advanced(), 0, latestMoment);
 }
 
 void PaymentService::advanceClock(Moment by)

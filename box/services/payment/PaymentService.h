@@ -6,6 +6,7 @@
 #include "PaymentSystem.h"
 #include "PublishedCatalogue.h"
 #include "RequestMailbox.h"
+#include "RequestNumbers.h"
 #include "WaitingRequests.h"
 
 #include "common/Timer.h"
@@ -54,7 +55,7 @@ public:
     /** Replaces the catalogue. Throws Failure where it is none, and nothing has changed. */
     void setCatalogue(const std::string& text) { m_catalogue.replace(text); }
 
-    /** The box's clock. */
+    /** The box's clock; it stands still at the end of the year 9999. */
     Moment now() const;
 
     /** How far the box's clock is ahead of the machine's. */
@@ -66,7 +67,6 @@ public:
 private:
     using Envelope = RequestMailbox::Envelope;
 
-    void loadState();
     void takePayment(const Envelope& envelope, MessageReader& message, const std::string& text);
     void takeDialog(const Envelope& envelope, MessageReader& message, const std::string& text);
     PaymentRequest begin(const Envelope& envelope, const std::string& text, bool isDialog);
@@ -82,11 +82,10 @@ private:
     Complaints m_complaints;
     std::string m_trouble; // of the beginning, to be told when there is somebody to tell
     PublishedCatalogue m_catalogue;
-    std::unique_ptr<PurchaseStore> m_store;
+    std::unique_ptr<PurchaseStore> m_store = PurchaseStore::ofThisBox();
     std::unique_ptr<PaymentSystem> m_system;
     WaitingRequests m_waiting;
-    int m_nextNumber = 1;
-    std::optional<int> m_resumedNumber; // while a request of before is handed out again
+    RequestNumbers m_numbers;
     Timer m_timer;
     Timer m_troubleTimer;
     RequestMailbox m_payments;

@@ -24,7 +24,7 @@ RequestMailbox::RequestMailbox(EventLoop& loop, const std::string& object, Compl
     , m_server(
           loop, object,
           [this](MailboxServer::Client client, MessageReader& request) {
-              handle(client, request, m_server.currentMessage());
+              handle(client, request, m_server.currentMessage(), {});
           },
           [this, onLeave = std::move(onLeave)](MailboxServer::Client client) {
               m_clients.erase(client);
@@ -45,16 +45,23 @@ void RequestMailbox::catchUp()
     }
 }
 
-void RequestMailbox::handOutAgain(const std::string& text)
+void RequestMailbox::handOutAgain(int number, const std::string& text)
 {
-    MessageReader reader(text);
-    if (!reader.next())
-        return;
-    const std::string name = reader.name();
-    MailboxServer::Client client = 0;
-    std::from_chars(name.data() + name.rfind('.') + 1, name.data() + name.size(), client);
-    if (reader.enter(nullptr))
-        handle(client, reader, text);
+    try {
+        MessageReader reader(text);
+        if (!reader.next())
+            return;
+        const std::string name = reader.name();
+        MailboxServer::Client client = 0;
+        std::from_chars(name.data() + name.rfind('.') + 1, name.data() + name.size(), client);
+        if (reader.enter(nullptr))
+            handle(client, reader, text, number);
+    } catch (const ObjectFailure&) {
+        throw;
+    } catch (const Failure& failure) {
+        m_complaints.add("the kept request " + std::to_string(number) +
+                         " is forgotten: " + failure.what());
+    }
 }
 
 bool RequestMailbox::send(const ApplicationClient& client,
@@ -71,7 +78,7 @@ bool RequestMailbox::send(const ApplicationClient& client,
 }
 
 void RequestMailbox::handle(MailboxServer::Client number, MessageReader& request,
-                            const std::string& text)
+                            const std::string& text, std::optional<int> requestNumber)
 {
     const auto found = m_clients.find(number);
     if (found == m_clients.end())
@@ -80,7 +87,7 @@ void RequestMailbox::handle(MailboxServer::Client number, MessageReader& request
     m_outboxes.tryNow(number); // who asks may have read meanwhile
     try {
         Envelope envelope{client, requiredText(request, "msg", longestName),
-                          requiredText(request, "id", longestId)};
+                          requiredText(request, "id", longestId), requestNumber};
         if (envelope.id.empty())
             throw Failure("id must not be empty");
         m_onRequest(envelope, request, text);

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace tamobox {
@@ -25,6 +26,7 @@ public:
         ApplicationClient client;
         std::string message;
         std::string id;
+        std::optional<int> number; ///< of a request that is handed out again
     };
 
     /** Handles a request; the reader stands in its attributes, and `text` is the whole of it. A
@@ -41,9 +43,9 @@ public:
      * request is handled. */
     void catchUp();
 
-    /** Handles a text of a request that was handed out before, as if it came now; nothing where its
-     * client is not there any more. */
-    void handOutAgain(const std::string& text);
+    /** Handles a text of a request that was handed out before, and got a number, as if it came now;
+     * nothing where its client is not there any more. One that is malformed is complained of. */
+    void handOutAgain(int number, const std::string& text);
 
     /**
      * Sends a client a message; `fill` adds its attributes.
@@ -55,7 +57,8 @@ public:
     bool send(const ApplicationClient& client, const std::function<void(MessageWriter&)>& fill);
 
 private:
-    void handle(MailboxServer::Client client, MessageReader& request, const std::string& text);
+    void handle(MailboxServer::Client client, MessageReader& request, const std::string& text,
+                std::optional<int> number);
 
     std::string m_object;
     Complaints& m_complaints;

@@ -1,23 +1,43 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WaitingRequests.h"
 
+#include "Purchase.h"
+
 #include <limits>
-#include <vector>
 
 namespace tamobox {
 
 namespace {
 
-constexpr std::size_t mostBytes = std::size_t{64} << 20;
+// How the kept requests of the two mailboxes begin.
+constexpr char paymentMark = 'p';
+constexpr char dialogMark = 'd';
 
-// What a request takes beside its text.
-constexpr std::size_t bytesOfARequest = 512;
+std::size_t sizeOf(const PaymentRequest& request)
+{
+    constexpr std::size_t besideItsText = 512;
+    return request.bytes + besideItsText;
+}
 
 } // namespace
 
 WaitingRequests::WaitingRequests() : m_summary("box/payments"), m_pages("box/waiting")
 {
     publishSummary();
+}
+
+std::vector<WaitingRequests::Kept> WaitingRequests::takeOver()
+{
+    std::vector<Kept> requests;
+    for (const auto& [number, text] : m_pages.all()) {
+        const bool isDialog = !text.empty() && text[0] == dialogMark;
+        const bool isRequest = isDialog || (!text.empty() && text[0] == paymentMark);
+        if (isRequest && number > 0 && number <= Purchase::highestNumber)
+            requests.push_back({number, isDialog, text.substr(1)});
+        else
+            forget(number);
+    }
+    return requests;
 }
 
 const PaymentRequest* WaitingRequests::find(int number) const
@@ -31,9 +51,9 @@ const PaymentRequest* WaitingRequests::oldestForUser() const
     return m_forUser.empty() ? nullptr : &m_requests.at(*m_forUser.begin());
 }
 
-bool WaitingRequests::hasRoomFor(std::size_t bytes) const
+bool WaitingRequests::hasRoomFor(const PaymentRequest& request) const
 {
-    return m_bytes + bytes + bytesOfARequest <= mostBytes;
+    return m_room.isFor(request.client.process, sizeOf(request));
 }
 
 void WaitingRequests::put(const PaymentRequest& request, const std::string& text,
@@ -41,10 +61,10 @@ void WaitingRequests::put(const PaymentRequest& request, const std::string& text
 {
     const int number = request.number;
     if (request.policy.who != Policy::Who::Nobody)
-        m_pages.put(number, text);
+        m_pages.put(number, (request.isDialog ? dialogMark : paymentMark) + text);
     m_requests.emplace(number, request);
     m_ofClient.emplace(request.isDialog, request.client.number, number);
-    m_bytes += request.bytes + bytesOfARequest;
+    m_room.take(request.client.process, sizeOf(request));
     if (request.policy.who == Policy::Who::User)
         m_forUser.insert(number);
     if (request.policy.who == Policy::Who::Itself) {
@@ -60,7 +80,7 @@ void WaitingRequests::remove(int number)
     if (found == m_requests.end())
         return;
     const PaymentRequest& request = found->second;
-    m_bytes -= request.bytes + bytesOfARequest;
+    m_room.giveBack(request.client.process, sizeOf(request));
     m_ofClient.erase({request.isDialog, request.client.number, number});
     m_forUser.erase(number);
     if (const auto due = m_dueOf.find(number); due != m_dueOf.end()) {

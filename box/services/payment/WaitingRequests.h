@@ -4,6 +4,7 @@
 
 #include "PaymentRequest.h"
 #include "RecordPages.h"
+#include "WaitingRoom.h"
 
 #include "common/EventLoop.h"
 #include "services/Publisher.h"
@@ -14,6 +15,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace tamobox {
 
@@ -27,8 +29,17 @@ public:
     /** Throws ObjectFailure. */
     WaitingRequests();
 
-    /** What a service before this one has kept, by number: the texts, as put() was given them. */
-    std::map<int, std::string> kept() const { return m_pages.all(); }
+    /** A request that a service before this one has kept. */
+    struct Kept
+    {
+        int number = 0;
+        bool isDialog = false;
+        std::string text; ///< as put() was given it
+    };
+
+    /** What a service before this one has kept, in the order of the numbers. Forgets what is no
+     * request. Throws ObjectFailure. */
+    std::vector<Kept> takeOver();
 
     /** Forgets what was kept under a number. */
     void forget(int number) { m_pages.erase(number); }
@@ -41,11 +52,11 @@ public:
     /** The first one that waits for the user; nullptr where there is none. */
     const PaymentRequest* oldestForUser() const;
 
-    /** Whether there is room for a request of so many bytes. */
-    bool hasRoomFor(std::size_t bytes) const;
+    /** Whether there is room for a request. */
+    bool hasRoomFor(const PaymentRequest& request) const;
 
-    /** Adds a request; one that is never answered is not kept. Throws Failure where it is too long
-     * to be kept, and ObjectFailure. */
+    /** Adds a request, whose message is `text`; one that is never answered is not kept. Throws
+     * Failure where it is too long to be kept, and ObjectFailure. */
     void put(const PaymentRequest& request, const std::string& text, Clock::time_point now);
 
     /** Takes a request out. Throws ObjectFailure. */
@@ -67,7 +78,7 @@ private:
     std::set<std::pair<Clock::time_point, int>> m_due;                 // when, number
     std::map<int, Clock::time_point> m_dueOf;                          // by number
     std::set<int> m_forUser;                                           // numbers
-    std::size_t m_bytes = 0;
+    WaitingRoom m_room;
 };
 
 } // namespace tamobox

@@ -4,6 +4,8 @@
 #include <signal.h>
 #include <sys/stat.h>
 
+#include <sstream>
+
 using namespace boxtest;
 using namespace testing;
 
@@ -110,6 +112,27 @@ TEST_P(KeptBoxTest, WhatCannotBeRecordedIsNotBought)
     fs::remove(stateOf(box.name) / "payments.json.new");
     EXPECT_THAT(in(box, {"payment", "approve"}), succeeds()); // it has waited on
     EXPECT_TRUE(client.heard("id::2 res::paymentSystemSuccess"));
+}
+
+TEST_P(KeptBoxTest, NumbersThatHaveEndedAreAnErrorAndDoNotWrap)
+{
+    Box first = startKept();
+    EXPECT_THAT(answerTo(first, purchase("1", "approved")), HasSubstr("purchase-1"));
+    end(first);
+    const fs::path file = stateOf(first.name) / "payments.json";
+    std::stringstream state;
+    state << std::ifstream(file).rdbuf();
+    std::string text = state.str();
+    text.replace(text.find("\"number\":1,"), 11, "\"number\":1000000000,");
+    std::ofstream(file) << text;
+    const Box second = startKept(first.name);
+    EXPECT_THAT(
+        answerTo(second, purchase("2", "approved")),
+        HasSubstr(R"({"errorID":11,"errorText":"There are no more numbers for requests."})"));
+    EXPECT_EQ(occurrences(purchasesAsJson(second), "\"number\":1000000000"), 1);
+    second.signal("payment-service", SIGKILL);
+    EXPECT_TRUE(second.launcher->complained("payment-service ended by signal 9; started again\n"));
+    EXPECT_EQ(occurrences(purchasesAsJson(second), "purchaseID"), 1);
 }
 
 TEST_P(KeptBoxTest, AnImpossiblePlaceIsRefused)

@@ -167,6 +167,60 @@ TEST_P(PaymentFailureTest, AnAnswerThatWouldBeTooLongIsAnError)
     EXPECT_THAT(answerTo(box, request), HasSubstr(R"("errorID":7)"));
 }
 
+TEST_P(PaymentFailureTest, WhatIsNoKeptRequestIsForgotten)
+{
+    const Box box = startIdle();
+    Client client = startClient(box, {purchase("8", "coins-100")});
+    EXPECT_THAT(in(box, {"payment", "list", "--json"}).output, HasSubstr("\"request\":1"));
+    EXPECT_THAT(in(box, {"pps", "set", "box/waiting/0", "2::", "3::unknown", "4::pgarbage", "5::d",
+                         "6::p@control.99\\nmsg::x", "2000000000::p"}),
+                succeeds());
+    killService(box);
+    EXPECT_TRUE(box.launcher->complained("payment-service: goes on with 1 requests that wait\n"));
+    EXPECT_EQ(occurrences(in(box, {"pps", "get", "box/waiting/0"}).output, "\n"), 2);
+    EXPECT_THAT(in(box, {"payment", "approve"}), succeeds());
+    EXPECT_TRUE(client.heard("id::8 res::paymentSystemSuccess"));
+    EXPECT_THAT(answerTo(box, price("1", "coins-100")), HasSubstr("$1.99"));
+}
+
+TEST_P(PaymentFailureTest, OneApplicationCannotTakeAllTheRoom)
+{
+    const Box box = startIdle();
+    const std::string large = purchase("1", "never") + "pad::" + std::string(900'000, 'x') + '\n';
+    EXPECT_THAT(in(box, {"exec", "--", "sh", "-c", ": >/pps/control"}), succeeds());
+    EXPECT_THAT(in(box, {"pps", "set", "control", "-"}, large), succeeds());
+    const std::string send = "until dd if=/pps/control bs=1M count=1 status=none >&3; do :; done";
+    Process greedy(
+        tamoBox({"exec", "--box", box.name, "--", "sh", "-c",
+                 "exec 3<>'/pps/services/paymentsystem/control?wait'; for i in $(seq 150); do " +
+                     send + " 2>/dev/null; done; echo sent; exec cat <&3"}),
+        GetParam());
+    EXPECT_TRUE(greedy.printed("sent"));
+    EXPECT_TRUE(greedy.printed(R"({"errorID":10,"errorText":"Too many requests are waiting."})"));
+    Client other = startClient(box, {purchase("2", "coins-100")});
+    EXPECT_THAT(in(box, {"payment", "approve"}), succeeds());
+    EXPECT_TRUE(other.heard("id::2 res::paymentSystemSuccess"));
+}
+
+TEST_P(PaymentFailureTest, AfterARestartADelayBeginsAgainAndWhatIsNeverAnsweredIsForgotten)
+{
+    const Box box = startIdleWith(
+        {"--catalogue",
+         fileWith(R"({"goods":[{"id":"late","name":"L","price":"1","policy":{"answer":"approve",)"
+                  R"("after":"1h"}},{"id":"never","name":"N","price":"1",)"
+                  R"("policy":{"answer":"never"}}]})")});
+    Client client = startClient(box, {purchase("1", "never"), purchase("2", "late")});
+    EXPECT_EQ(occurrences(in(box, {"payment", "list", "--json"}).output, "\"request\":"), 2);
+    EXPECT_THAT(in(box, {"clock", "advance", "1d"}), succeeds()); // which is not the delay's clock
+    killService(box);
+    EXPECT_TRUE(box.launcher->complained("payment-service: goes on with 1 requests that wait\n"));
+    EXPECT_THAT(in(box, {"payment", "list", "--json"}).output,
+                AllOf(HasSubstr(R"("request":2,"id":"2")"), HasSubstr(R"("decides":"itself")")));
+    EXPECT_THAT(in(box, {"payment", "approve", "--request", "2"}), succeeds());
+    EXPECT_TRUE(client.heard("id::2 res::paymentSystemSuccess"));
+    EXPECT_EQ(occurrences(client.process->output(), "@control"), 1);
+}
+
 BOX_TEST_USERS(PaymentFailureTest);
 
 } // namespace

@@ -68,6 +68,18 @@ TEST_P(PaymentTest, ARequestIsNamed)
                 failsWith(1, "no request 2 is waiting"));
 }
 
+TEST_P(PaymentTest, WhatCannotBeIsRefusedThoughItIsApproved)
+{
+    const Box box = startIdle();
+    Client client = startClient(box, {purchase("1", "magazine"), purchase("2", "magazine")});
+    EXPECT_THAT(in(box, {"payment", "approve"}), succeeds());
+    EXPECT_THAT(in(box, {"payment", "approve"}),
+                failsWith(1, "was refused all the same, and told so: The subscription exists "
+                             "already."));
+    EXPECT_TRUE(client.heard("id::2 res::paymentSystemFailure dat:json:{\"errorID\":4,"));
+    EXPECT_EQ(occurrences(purchasesAsJson(box), "purchaseID"), 1);
+}
+
 TEST_P(PaymentTest, ADecisionWaitsForItsRequest)
 {
     const Box box = startIdle();
