@@ -15,8 +15,7 @@ constexpr char dialogMark = 'd';
 
 std::size_t sizeOf(const PaymentRequest& request)
 {
-    constexpr std::size_t besideItsText = 512;
-    return request.bytes + besideItsText;
+    return WaitingRoom::sizeOf(request.bytes);
 }
 
 } // namespace

@@ -17,6 +17,10 @@ public:
     static constexpr std::size_t ofAll = std::size_t{256} << 20; // bytes
     static constexpr std::size_t ofAProcess = ofAll / 2;
 
+    /** What a request takes, in bytes: its message, and what ordinary ones were measured to take
+     * beside theirs. */
+    static constexpr std::size_t sizeOf(std::size_t message) { return message + 800; }
+
     /** Whether there is room for so many bytes more of a process. */
     bool isFor(pid_t process, std::size_t bytes) const
     {

@@ -22,6 +22,12 @@ TEST(WaitingRoomTest, OneProcessCannotTakeItAll)
     EXPECT_FALSE(room.isFor(3, 11));
 }
 
+TEST(WaitingRoomTest, AHundredThousandOrdinaryRequestsOfAProcessFit)
+{
+    WaitingRoom room;
+    EXPECT_TRUE(room.isFor(1, 100'000 * WaitingRoom::sizeOf(400)));
+}
+
 TEST(WaitingRoomTest, WhatIsGivenBackIsFree)
 {
     WaitingRoom room;
