@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DialogAnswer.h"
 
+#include "DialogWords.h"
+
+#include "services/payment/PaymentLimits.h"
 #include "services/payment/Subscription.h"
 
 namespace tamobox {
 
 namespace {
-
-// Applications read 1,024 bytes of an answer, in which each character may be escaped.
-constexpr std::size_t longestFailure = 256;
 
 MessageWriter& startAnswer(MessageWriter& message, const std::string& id, const char* result)
 {
@@ -41,7 +41,7 @@ void writeDialogChoice(MessageWriter& message, const PaymentRequest& request, bo
 {
     startAnswer(message, request.id, "ok")
         .add("errorSelection", dialogSucceeded)
-        .add("responseBtnLabel", buys ? "confirmpurchase.buynow" : "confirmpurchase.cancel");
+        .add("responseBtnLabel", buys ? buyLabel : cancelLabel);
     if (buys)
         writePurchase(message, request, now);
     message.endObject().endObject();
@@ -49,8 +49,8 @@ void writeDialogChoice(MessageWriter& message, const PaymentRequest& request, bo
 
 void writeDialogFailure(MessageWriter& message, const std::string& id, std::string text)
 {
-    if (text.size() > longestFailure) {
-        std::size_t size = longestFailure;
+    if (text.size() > longestFailureText) {
+        std::size_t size = longestFailureText;
         while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80)
             --size;
         text.resize(size);

@@ -10,9 +10,6 @@
 
 namespace tamobox {
 
-/** What an answer says in `errorSelection` where the dialog was answered, with whatever button. */
-inline constexpr const char* dialogSucceeded = "paymentSuccess";
-
 /** Adds the answer that a button of the purchase dialog was pressed. @param now of the purchase */
 void writeDialogChoice(MessageWriter& message, const PaymentRequest& request, bool buys,
                        Moment now);

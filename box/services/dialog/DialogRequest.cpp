@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DialogRequest.h"
 
+#include "DialogWords.h"
+
 #include "common/Failure.h"
 #include "services/RequestValues.h"
+#include "services/payment/PaymentLimits.h"
 
 #include <array>
 
@@ -11,9 +14,6 @@ namespace tamobox {
 namespace {
 
 constexpr const char* purchaseDialog = "ule.dialog::PurchaseConfirmDialog";
-constexpr const char* buyLabel = "confirmpurchase.buynow";
-constexpr std::size_t longestShown = 4096;
-constexpr std::size_t longestMetadata = 8192;
 
 // What the dialog shows, apart from the good.
 constexpr std::array<const char*, 15> shownTexts = {
@@ -41,9 +41,9 @@ private:
 void readContext(MessageReader& button, PaymentRequest& request)
 {
     const Inside context(button, "context");
-    request.goodId = requiredText(button, "digitalGoodID", longestShown);
-    request.goodSku = requiredText(button, "digitalGoodSKU", longestShown);
-    request.goodName = requiredText(button, "digitalGoodName", longestShown);
+    request.goodId = requiredText(button, "digitalGoodID", longestMember);
+    request.goodSku = requiredText(button, "digitalGoodSKU", longestMember);
+    request.goodName = requiredText(button, "digitalGoodName", longestMember);
     request.metadata = requiredText(button, "metaData", longestMetadata);
 }
 
@@ -64,19 +64,19 @@ bool readBuyButton(MessageReader& description, PaymentRequest& request)
 
 void readDialogRequest(MessageReader& dat, PaymentRequest& request)
 {
-    const std::string className = requiredText(dat, "className", longestShown);
+    const std::string className = requiredText(dat, "className", longestMember);
     if (className != purchaseDialog)
         throw Failure("there is no dialog " + quoted(className));
     const Inside description(dat, "desc_obj");
     for (const char* const name : shownTexts)
-        if (auto text = optionalText(dat, name, longestShown))
+        if (auto text = optionalText(dat, name, longestMember))
             request.dialogTexts.emplace_back(name, std::move(*text));
     // This dialog takes no money, and so it must not say that it had.
     if (dat.string("testingMode") != "true")
         throw Failure("testingMode must be 'true'");
-    request.applicationName = optionalText(dat, "name", longestShown).value_or("");
-    request.applicationIcon = optionalText(dat, "iconURL", longestShown).value_or("");
-    request.group = optionalText(dat, "groupId", longestShown).value_or("");
+    request.applicationName = optionalText(dat, "name", longestMember).value_or("");
+    request.applicationIcon = optionalText(dat, "iconURL", longestMember).value_or("");
+    request.group = optionalText(dat, "groupId", longestMember).value_or("");
     if (!readBuyButton(dat, request))
         throw Failure("there is no button " + std::string(buyLabel));
 }

@@ -2,6 +2,8 @@
 #include "Catalogue.h"
 
 #include "CatalogueReader.h"
+#include "JsonText.h"
+#include "PolicyReader.h"
 
 #include "common/Failure.h"
 
@@ -35,7 +37,7 @@ Catalogue Catalogue::parse(const std::string& text, const std::string& source)
                 terms->fail("renewalPeriod", "is missing: what has a price for it is renewed");
         }
         if (const auto policy = member.object("policy"))
-            good.policy = policy->policy();
+            good.policy = readPolicy(*policy);
         const std::size_t index = catalogue.m_goods.size();
         if (!catalogue.m_byId.emplace(good.id, index).second)
             member.fail("id", "is another good's already");
@@ -47,7 +49,7 @@ Catalogue Catalogue::parse(const std::string& text, const std::string& source)
         operations->allow({"existingPurchases", "price", "checkStatus", "cancelSubscription"});
         for (const OperationName& names : operationNames)
             if (const auto policy = operations->object(names.name))
-                catalogue.m_policies[names.operation] = policy->policy();
+                catalogue.m_policies[names.operation] = readPolicy(*policy);
     }
     return catalogue;
 }

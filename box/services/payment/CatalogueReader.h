@@ -2,8 +2,6 @@
 #ifndef TAMOBOX_CATALOGUEREADER_H
 #define TAMOBOX_CATALOGUEREADER_H
 
-#include "Policy.h"
-
 #include <rapidjson/document.h>
 
 #include <optional>
@@ -11,19 +9,6 @@
 #include <vector>
 
 namespace tamobox {
-
-/** A text of JSON, read. */
-class JsonText
-{
-public:
-    /** @throws Failure with the line and column where the text is not JSON */
-    JsonText(const std::string& text, const std::string& source);
-
-    const rapidjson::Value& root() const { return m_document; }
-
-private:
-    rapidjson::Document m_document;
-};
 
 /**
  * One object of a text of JSON, whose members are checked as they are read. Every failure is a
@@ -55,9 +40,7 @@ public:
     /** The elements of an array that must be there, all objects. */
     std::vector<CatalogueReader> elements(const char* name) const;
 
-    /** The object as a policy. */
-    Policy policy() const;
-
+    /** Throws the Failure that a member is wrong. */
     [[noreturn]] void fail(const std::string& name, const std::string& what) const;
 
 private:

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentCommands.h"
 
+#include "PaymentLimits.h"
 #include "PaymentReport.h"
+#include "PlainText.h"
 
 #include "common/Duration.h"
 #include "common/Failure.h"
 #include "services/RequestValues.h"
-#include "services/dialog/DialogAnswer.h"
+#include "services/dialog/DialogWords.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -22,7 +23,6 @@ constexpr std::size_t mostBytesOfReports = std::size_t{512} << 10;
 
 constexpr int defaultWait = 2000; // milliseconds
 constexpr int highest = std::numeric_limits<int>::max();
-constexpr std::size_t longestFailureText = 256;
 
 std::size_t sizeOf(const PaymentRequest& request)
 {
@@ -51,10 +51,7 @@ void reportAfter(ControlMailbox& control, const ControlRequest& request,
 
 void checkFailureText(const std::string& text)
 {
-    const bool isPlain = std::none_of(text.begin(), text.end(), [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
-    });
-    if (text.empty() || text.size() > longestFailureText || !isPlain)
+    if (text.empty() || text.size() > longestFailureText || !isPlain(text))
         throw Failure("the text must be 1 to " + std::to_string(longestFailureText) +
                       " bytes long, without control characters");
     if (text == dialogSucceeded)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentRequest.h"
 
+#include "PaymentLimits.h"
+
 #include "common/Failure.h"
 #include "services/RequestValues.h"
 
@@ -21,10 +23,6 @@ constexpr Operations all = ~0U;
 constexpr Operations ofGoods =
     only(Operation::Purchase) | only(Operation::Price) | only(Operation::CheckStatus);
 
-// Of the metadata, a receipt has to find room in an answer, however it is escaped.
-constexpr std::size_t longestMetadata = 8192;
-constexpr std::size_t longestOther = 4096;
-
 struct TextMember
 {
     const char* name;
@@ -34,15 +32,15 @@ struct TextMember
 };
 
 constexpr std::array<TextMember, 9> textMembers = {{
-    {"digitalGoodID", &PaymentRequest::goodId, ofGoods, longestOther},
-    {"digitalGoodSKU", &PaymentRequest::goodSku, ofGoods, longestOther},
-    {"digitalGoodName", &PaymentRequest::goodName, only(Operation::Purchase), longestOther},
+    {"digitalGoodID", &PaymentRequest::goodId, ofGoods, longestMember},
+    {"digitalGoodSKU", &PaymentRequest::goodSku, ofGoods, longestMember},
+    {"digitalGoodName", &PaymentRequest::goodName, only(Operation::Purchase), longestMember},
     {"metaData", &PaymentRequest::metadata, only(Operation::Purchase), longestMetadata},
-    {"purchaseAppName", &PaymentRequest::applicationName, only(Operation::Purchase), longestOther},
-    {"purchaseAppIcon", &PaymentRequest::applicationIcon, only(Operation::Purchase), longestOther},
-    {"uiGroupID", &PaymentRequest::group, all, longestOther},
-    {"purchaseAppID", &PaymentRequest::applicationId, all & ~only(Operation::Price), longestOther},
-    {"purchaseID", &PaymentRequest::purchaseId, only(Operation::CancelSubscription), longestOther},
+    {"purchaseAppName", &PaymentRequest::applicationName, only(Operation::Purchase), longestMember},
+    {"purchaseAppIcon", &PaymentRequest::applicationIcon, only(Operation::Purchase), longestMember},
+    {"uiGroupID", &PaymentRequest::group, all, longestMember},
+    {"purchaseAppID", &PaymentRequest::applicationId, all & ~only(Operation::Price), longestMember},
+    {"purchaseID", &PaymentRequest::purchaseId, only(Operation::CancelSubscription), longestMember},
 }};
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PaymentState.h"
 
-#include "CatalogueReader.h"
+#include "JsonText.h"
 #include "PurchaseText.h"
 
 #include "common/Failure.h"
