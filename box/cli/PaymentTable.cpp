@@ -87,13 +87,17 @@ std::vector<std::string> paymentHeadings(PaymentTable table)
 std::vector<std::string> paymentRow(PaymentTable table, const MessageReader& report)
 {
     const std::string good = textOf(report, "digitalGoodID");
+    const auto whatIsMeant = [&] {
+        for (const char* const name : {"digitalGoodID", "digitalGoodSKU", "purchaseID"})
+            if (std::string text = textOf(report, name); !text.empty())
+                return text;
+        return std::string();
+    };
     if (table == PaymentTable::Waiting)
         return {
-            numberOf(report, "request"),   textOf(report, "kind"),
-            textOf(report, "application"), numberOf(report, "pid"),
-            textOf(report, "id"),          good.empty() ? textOf(report, "digitalGoodSKU") : good,
-            textOf(report, "price"),       textOf(report, "decides"),
-            momentOf(report, "since")};
+            numberOf(report, "request"), textOf(report, "kind"),    textOf(report, "application"),
+            numberOf(report, "pid"),     textOf(report, "id"),      whatIsMeant(),
+            textOf(report, "price"),     textOf(report, "decides"), momentOf(report, "since")};
     return {textOf(report, "purchaseID"),
             textOf(report, "purchaseAppID"),
             good,

@@ -47,17 +47,20 @@ void readContext(MessageReader& button, PaymentRequest& request)
     request.metadata = requiredText(button, "metaData", longestMetadata);
 }
 
-bool readBuyButton(MessageReader& description, PaymentRequest& request)
+// Returns whether there is one to buy with.
+bool readButtons(MessageReader& description, PaymentRequest& request)
 {
     const Inside buttons(description, "buttons");
+    bool isForSale = false;
     while (description.next()) {
         const Inside button(description, nullptr);
-        if (description.string("label") != buyLabel)
+        request.dialog.buttons.push_back(requiredText(description, "label", longestMember));
+        if (isForSale || request.dialog.buttons.back() != buyLabel)
             continue;
         readContext(description, request);
-        return true;
+        isForSale = true;
     }
-    return false;
+    return isForSale;
 }
 
 } // namespace
@@ -67,17 +70,19 @@ void readDialogRequest(MessageReader& dat, PaymentRequest& request)
     const std::string className = requiredText(dat, "className", longestMember);
     if (className != purchaseDialog)
         throw Failure("there is no dialog " + quoted(className));
+    request.dialog.texts.emplace_back("className", className);
     const Inside description(dat, "desc_obj");
+    request.dialog.backgroundAlpha = dat.number("bkgAlpha");
     for (const char* const name : shownTexts)
         if (auto text = optionalText(dat, name, longestMember))
-            request.dialogTexts.emplace_back(name, std::move(*text));
+            request.dialog.texts.emplace_back(name, std::move(*text));
     // This dialog takes no money, and so it must not say that it had.
     if (dat.string("testingMode") != "true")
         throw Failure("testingMode must be 'true'");
     request.applicationName = optionalText(dat, "name", longestMember).value_or("");
     request.applicationIcon = optionalText(dat, "iconURL", longestMember).value_or("");
     request.group = optionalText(dat, "groupId", longestMember).value_or("");
-    if (!readBuyButton(dat, request))
+    if (!readButtons(dat, request))
         throw Failure("there is no button " + std::string(buyLabel));
 }
 

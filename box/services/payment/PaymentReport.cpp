@@ -20,6 +20,15 @@ const char* decidesText(const Policy& policy)
     return "";
 }
 
+// What the user would see.
+std::string priceOf(const PaymentRequest& request)
+{
+    for (const auto& [name, text] : request.dialog.texts)
+        if (name == "price")
+            return text;
+    return request.good ? request.good->price : "";
+}
+
 } // namespace
 
 void writeRequest(MessageWriter& message, const PaymentRequest& request)
@@ -40,10 +49,18 @@ void writeRequest(MessageWriter& message, const PaymentRequest& request)
         .add("uiGroupID", request.group)
         .add("purchaseAppID", request.applicationId)
         .add("purchaseID", request.purchaseId)
-        .add("price", request.good ? request.good->price : "")
+        .add("price", priceOf(request))
         .startObject("dialog");
-    for (const auto& [name, text] : request.dialogTexts)
+    for (const auto& [name, text] : request.dialog.texts)
         message.add(name.c_str(), text);
+    if (request.dialog.backgroundAlpha)
+        message.add("bkgAlpha", *request.dialog.backgroundAlpha);
+    if (request.isDialog) {
+        message.startArray("buttons");
+        for (const std::string& label : request.dialog.buttons)
+            message.add(nullptr, label);
+        message.endArray();
+    }
     message.endObject();
 }
 

@@ -15,6 +15,14 @@
 
 namespace tamobox {
 
+/** What the purchase dialog shows, apart from the good. */
+struct DialogContent
+{
+    std::vector<std::pair<std::string, std::string>> texts; ///< by their names in the message
+    std::optional<double> backgroundAlpha;                  ///< from 0 (nothing is seen of it) to 1
+    std::vector<std::string> buttons;                       ///< their labels
+};
+
 /** What an application asks the payment system, or the purchase dialog, for. */
 struct PaymentRequest
 {
@@ -33,7 +41,7 @@ struct PaymentRequest
     std::string applicationId; ///< whose the purchases are
     std::string purchaseId;
     bool allowRefresh = false;
-    std::vector<std::pair<std::string, std::string>> dialogTexts; ///< what the dialog shows
+    DialogContent dialog;
 
     std::optional<Good> good; ///< of the catalogue, as it was when the request came
     Policy policy;

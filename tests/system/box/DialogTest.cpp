@@ -45,7 +45,17 @@ TEST_P(DialogTest, IsShownAndBought)
                 AllOf(HasSubstr(R"("kind":"dialog")"), HasSubstr(R"("digitalGoodName":"A thing")"),
                       HasSubstr(R"("titleText":"Edit Payment Options: Paypal")"),
                       HasSubstr(R"("total":"$3.99")"), HasSubstr(R"("currency":"CAD")")));
-    EXPECT_THAT(in(box, {"payment"}).output, HasSubstr("dialog"));
+    EXPECT_THAT(in(box, {"payment"}).output, AllOf(HasSubstr("dialog"), HasSubstr("  $3.99  ")));
+    const std::string shown = in(box, {"payment", "show"}).output;
+    EXPECT_THAT(shown, HasSubstr("\ndialog.className     ule.dialog::PurchaseConfirmDialog\n"));
+    EXPECT_THAT(shown, HasSubstr("\ndialog.titleText     Edit Payment Options: Paypal\n"));
+    EXPECT_THAT(shown, HasSubstr("\ndialog.bkgAlpha      0.5\n"));
+    EXPECT_THAT(shown, HasSubstr("\ndialog.buttons       confirmpurchase.cancel | "
+                                 "confirmpurchase.buynow\n"));
+    EXPECT_THAT(in(box, {"payment", "show", "--request", "1", "--json"}).output,
+                HasSubstr(R"("buttons":["confirmpurchase.cancel","confirmpurchase.buynow"])"));
+    EXPECT_THAT(in(box, {"payment", "show", "--request", "2"}),
+                failsWith(1, "no request 2 is waiting"));
     EXPECT_THAT(in(box, {"payment", "approve"}), succeeds());
     EXPECT_TRUE(client.heard(
         R"(id::3 res::ok dat:json:{"resp_obj":{"errorSelection":"paymentSuccess",)"
