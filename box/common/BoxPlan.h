@@ -32,7 +32,7 @@ struct BoxPlan
     std::vector<std::string> arguments; ///< of the application; the first is its name
     std::vector<std::string> environment; ///< of the application; `NAME=value`
     std::string stateDirectory;           ///< of a kept box; empty where it is not kept
-    std::string catalogue; ///< the text of the payment system's; empty for the box's own
+    std::string catalogue;            ///< the text of the payment system's; empty for the box's own
     std::vector<std::string> leftOut; ///< services that are not started
 
     /** Writes the plan into memory of its own and returns the descriptor, which exec() keeps open.
