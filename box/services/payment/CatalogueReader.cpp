@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CatalogueReader.h"
 
-#include "PlainText.h"
 
 #include "common/Failure.h"
+#include "common/Printable.h"
 
 #include <algorithm>
 #include <set>
@@ -43,7 +43,7 @@ void CatalogueReader::allow(const std::vector<std::string>& names) const
             std::string known;
             for (const std::string& allowed : names)
                 known += (known.empty() ? "" : ", ") + allowed;
-            const std::string shown = isPlain(name) && name.size() <= 64 ? name : "?";
+            const std::string shown = isPrintable(name) && name.size() <= 64 ? name : "?";
             fail(shown, "is not known here; there are: " + known);
         }
         if (!seen.insert(name).second)
@@ -64,7 +64,7 @@ std::string CatalogueReader::text(const char* name) const
     std::string text(value.GetString(), value.GetStringLength());
     if (text.empty() || text.size() > longestCatalogueText)
         fail(name, "must be a text of 1 to " + std::to_string(longestCatalogueText) + " bytes");
-    if (!isPlain(text) || holdsSurrogate(text))
+    if (!isPrintable(text) || holdsSurrogate(text))
         fail(name, "must not hold control characters or halves of characters");
     return text;
 }

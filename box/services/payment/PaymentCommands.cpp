@@ -3,10 +3,10 @@
 
 #include "PaymentLimits.h"
 #include "PaymentReport.h"
-#include "PlainText.h"
 
 #include "common/Duration.h"
 #include "common/Failure.h"
+#include "common/Printable.h"
 #include "services/RequestValues.h"
 #include "services/dialog/DialogWords.h"
 
@@ -51,7 +51,7 @@ void reportAfter(ControlMailbox& control, const ControlRequest& request,
 
 void checkFailureText(const std::string& text)
 {
-    if (text.empty() || text.size() > longestFailureText || !isPlain(text))
+    if (text.empty() || text.size() > longestFailureText || !isPrintable(text))
         throw Failure("the text must be 1 to " + std::to_string(longestFailureText) +
                       " bytes long, without control characters");
     if (text == dialogSucceeded)

@@ -134,6 +134,7 @@ TEST(CatalogueTest, WhatIsWrongIsRefusedWithItsPath)
               "file: goods[0].id must be a text");
     EXPECT_THAT(failureOf(with(R"("sku":"")")), HasSubstr("goods[0].sku must be a text of 1 to"));
     EXPECT_THAT(failureOf(with(R"("sku":"a\u0000b")")), HasSubstr("control characters"));
+    EXPECT_THAT(failureOf(with(R"("sku":"a\u0085b")")), HasSubstr("control characters"));
     EXPECT_THAT(failureOf(with(R"("sku":"\udc00")")), Not(Eq("taken")));
     EXPECT_THAT(failureOf(with(R"("sku":"\ud800x")")), Not(Eq("taken")));
     EXPECT_THAT(failureOf(with(R"("price":"$2")")), HasSubstr("goods[0].price is there twice"));

@@ -17,6 +17,14 @@ TEST(TextTableTest, CellsOfAColumnStandBelowEachOther)
     EXPECT_THAT(tableLines({}), IsEmpty());
 }
 
+TEST(PrintableTest, ControlCharactersOfTheSecondSetAreReplacedToo)
+{
+    EXPECT_EQ(printable("a\xc2\x80z\xc2\x9f"), "a?z?");
+    EXPECT_EQ(printable("\xc2\xa0\xc3\x80\xc2"), "\xc2\xa0\xc3\x80\xc2");
+    EXPECT_FALSE(isPrintable("\xc2\x9b"));
+    EXPECT_TRUE(isPrintable("\xc3\x84 \xe2\x82\xac"));
+}
+
 TEST(PrintableTest, ControlCharactersAreReplaced)
 {
     EXPECT_EQ(printable("a\nb\x1b[31m\x7f"), "a?b?[31m?");
