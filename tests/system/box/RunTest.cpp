@@ -205,6 +205,7 @@ TEST_P(RunTest, AServiceIsLeftOutForSomebodyToStandIn)
     Process server(tamoBox({"pps", "serve", "services/paymentsystem/control", "--count", "1",
                             "--box", box.name}),
                    GetParam(), "msg::x\n\n");
+    ASSERT_TRUE(server.complained("serving "));
     const Result answer =
         in(box, {"pps", "set", "services/paymentsystem/control", "--wait", "10s", "msg::price"});
     EXPECT_EQ(answer.output, "@control\nmsg::x\n");
