@@ -1,26 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // What anyone may have written as a catalogue, or into the state of a kept box: it is taken whole,
 // or refused with a sentence.
+#include "Require.h"
+
 #include "common/Failure.h"
 #include "pps/MessageWriter.h"
 #include "services/payment/Catalogue.h"
 #include "services/payment/PaymentState.h"
 #include "services/payment/Subscription.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
 
 using namespace tamobox;
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 void requireSentence(const Failure& failure)
 {

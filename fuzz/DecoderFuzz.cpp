@@ -1,26 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a message: the decoder must not stumble, and must agree with the line reader.
+#include "Require.h"
+
 #include "TextReader.h"
 
 #include <pps/decoder.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 /** Reads everything that the decoder presents, by index and by name. */
 void walk(pps_decoder_t* decoder)

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as what is published of the displays, one publication after the other: displays that
 // can be looked at and are as the screen library's header says, or a reason why not.
+#include "Require.h"
+
 #include <DisplayFeed.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <string>
@@ -15,14 +15,6 @@
 using namespace screen;
 
 namespace {
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 class Event
 {

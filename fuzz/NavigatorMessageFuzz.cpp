@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a message of the navigator's: an event that can be looked at, or a reason why not.
+#include "Require.h"
+
 #include "navigator/NavigatorMessage.h"
 
 #include <zel/navigator.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
 namespace {
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 void walk(const zel::NavigatorEvent& event)
 {

@@ -1,27 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a message of the network's, and as its object: an event or a state that can be
 // looked at, or a reason why not.
+#include "Require.h"
+
 #include "netstatus/NetStatusMessage.h"
 
 #include <zel/netstatus.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
 namespace {
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 void walk(const zel::NetworkState& state)
 {

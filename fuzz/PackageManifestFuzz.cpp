@@ -1,26 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a package manifest: an id within its bounds, or an exception.
+#include "Require.h"
+
 #include "platform/payment/PackageManifest.h"
 
 #include <tamo/Exception.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 namespace {
 
 constexpr int maxNameSize = 52;
 constexpr int maxIdSize = 29;
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 } // namespace
 

@@ -1,28 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as an answer of the payment system's, and of the purchase dialog's: a response whose
 // parts agree with each other, or none.
+#include "Require.h"
+
 #include "platform/payment/PaymentAnswer.h"
 #include "platform/payment/PurchaseDialog.h"
 
 #include <tamo/Exception.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 using tamo::platform::PurchaseDialog;
 using tamo::platform::PurchaseReceipt;
 
 namespace {
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 void check(const PurchaseReceipt& receipt)
 {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any message: whatever the encoder accepts decodes to an equal one, what it refuses adds nothing.
+#include "Require.h"
+
 #include "Message.h"
 #include "Value.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -18,14 +18,6 @@ using test::Value;
 
 constexpr int MaxDepth = 6;
 constexpr int MaxElements = 8;
-
-void require(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 std::string string(FuzzedDataProvider& input)
 {

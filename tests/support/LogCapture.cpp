@@ -6,6 +6,7 @@
 #include <iostream>
 #include <mutex>
 #include <streambuf>
+#include <utility>
 
 namespace tamotest {
 
@@ -72,10 +73,18 @@ std::vector<std::string> LogCapture::linesWith(const std::string& beginning) con
 {
     const Lock lock(m_buffer->mutex);
     std::vector<std::string> found;
-    std::copy_if(
-        m_buffer->lines.begin(), m_buffer->lines.end(), std::back_inserter(found),
-        [&](const std::string& line) { return line.compare(0, beginning.size(), beginning) == 0; });
+    std::copy_if(m_buffer->lines.begin(), m_buffer->lines.end(), std::back_inserter(found),
+                 [&](const std::string& line) { return line.rfind(beginning, 0) == 0; });
     return found;
+}
+
+std::vector<std::string> LogCapture::takeWithout(const std::string& beginning)
+{
+    const Lock lock(m_buffer->mutex);
+    std::vector<std::string> lines = std::exchange(m_buffer->lines, {});
+    const auto begins = [&](const std::string& line) { return line.rfind(beginning, 0) == 0; };
+    lines.erase(std::remove_if(lines.begin(), lines.end(), begins), lines.end());
+    return lines;
 }
 
 int LogCapture::count(const std::string& line) const

@@ -28,6 +28,9 @@ public:
     /** The lines so far that begin with a text. */
     std::vector<std::string> linesWith(const std::string& beginning) const;
 
+    /** Takes the lines so far, and returns those that do not begin with a text. */
+    std::vector<std::string> takeWithout(const std::string& beginning);
+
     /** How many lines are this one. */
     int count(const std::string& line) const;
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DisplayManagerTest.h"
 
-#include <algorithm>
 #include <utility>
 
 using tamo::device::Display;
@@ -80,13 +79,7 @@ std::vector<std::string> DisplayManagerTest::heard()
 
 std::vector<std::string> DisplayManagerTest::logged()
 {
-    std::vector<std::string> lines = log.lines();
-    log.clear();
-    const auto isOthers = [](const std::string& line) {
-        return line.compare(0, 18, "ZelEventDispatcher") == 0;
-    };
-    lines.erase(std::remove_if(lines.begin(), lines.end(), isOthers), lines.end());
-    return lines;
+    return log.takeWithout("ZelEventDispatcher");
 }
 
 } // namespace tamotest

@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <utility>
 
 using tamo::Navigator;
@@ -86,13 +85,7 @@ std::vector<std::string> NavigatorTest::heard()
 
 std::vector<std::string> NavigatorTest::logged()
 {
-    std::vector<std::string> lines = log.lines();
-    log.clear();
-    const auto isOthers = [](const std::string& line) {
-        return line.compare(0, 18, "ZelEventDispatcher") == 0;
-    };
-    lines.erase(std::remove_if(lines.begin(), lines.end(), isOthers), lines.end());
-    return lines;
+    return log.takeWithout("ZelEventDispatcher");
 }
 
 std::vector<std::string> NavigatorTest::argumentsOf(const std::string& operation) const
