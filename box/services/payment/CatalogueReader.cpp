@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CatalogueReader.h"
 
-
 #include "common/Failure.h"
 #include "common/Printable.h"
 
