@@ -225,11 +225,11 @@ TEST_P(OrientationSystemTest, AnswersFromAnotherThreadOrTwiceCountOnce)
 TEST_P(OrientationSystemTest, DroppedRequestAndHandlerThatThrowsLetThePhoneGoOnAtItsLimit)
 {
     const Box box = startApplication({"allow?1", "handler?drop"});
-    EXPECT_THAT(rotate(box, {"90", "--limit", "100ms"}, turn(90, {"paint 90"})),
+    EXPECT_THAT(rotate(box, {"90", "--limit", "1s"}, turn(90, {"paint 90"})),
                 AllOf(HasSubstr("\"done\":\"none\""), HasSubstr("\"turned\":true")));
     order(box, "handler", "throw");
     EXPECT_THAT(
-        rotate(box, {"180", "--limit", "100ms"}, turn(180, {"paint 180", "caught no paint left"})),
+        rotate(box, {"180", "--limit", "1s"}, turn(180, {"paint 180", "caught no paint left"})),
         HasSubstr("\"done\":\"none\""));
     order(box, "handler", "now");
     EXPECT_THAT(rotate(box, {"270"}, turn(270, {"paint 270", doneLine})),
@@ -239,7 +239,7 @@ TEST_P(OrientationSystemTest, DroppedRequestAndHandlerThatThrowsLetThePhoneGoOnA
 TEST_P(OrientationSystemTest, LateAnswerIsSentAndSaidByTheBox)
 {
     const Box box = startApplication({"allow?1", "handler?keep"});
-    EXPECT_THAT(rotate(box, {"90", "--limit", "100ms"}, turn(90, {"paint 90"})),
+    EXPECT_THAT(rotate(box, {"90", "--limit", "1s"}, turn(90, {"paint 90"})),
                 HasSubstr("\"done\":\"none\""));
     order(box, "done");
     EXPECT_TRUE(box.launcher->complained("came too late"));
