@@ -70,23 +70,23 @@ TEST_P(NavigatorExitTest, KillsAnotherApplicationThatStays)
 TEST_P(NavigatorExitTest, GivesTheTimeThatTheApplicationAsksFor)
 {
     const Box box = startNavigated();
-    const auto process = startBeside(box, {"extend=500"});
-    const Result result = in(box, {"navigator", "exit", "--grace", "200ms", "--json"});
+    const auto process = startBeside(box, {"extend=1500"});
+    const Result result = in(box, {"navigator", "exit", "--grace", "1s", "--json"});
     EXPECT_THAT(result.output, HasSubstr("\"left\":false"));
-    EXPECT_GE(millisecondsIn(result.output), 500);
+    EXPECT_GE(millisecondsIn(result.output), 1500);
     EXPECT_EQ(process->wait(), 128 + SIGKILL);
 }
 
 TEST_P(NavigatorExitTest, LeavesTheApplicationAloneWhenItIsInterrupted)
 {
     const Box box = startNavigated({"ignore=exit"});
-    const auto command = begin(box, {"navigator", "exit", "--grace", "300ms"});
+    const auto command = begin(box, {"navigator", "exit", "--grace", "1s"});
     EXPECT_TRUE(box.launcher->printed("msg::exit\n"));
     kill(command->pid(), SIGINT);
     EXPECT_EQ(command->wait(), 128 + SIGINT);
     const auto second = startBeside(box, {"ignore=exit"});
     // Its grace ends after that of the interrupted command.
-    EXPECT_THAT(in(box, {"navigator", "exit", "--grace", "300ms"}), succeeds());
+    EXPECT_THAT(in(box, {"navigator", "exit", "--grace", "1s"}), succeeds());
     EXPECT_EQ(second->wait(), 128 + SIGKILL);
     EXPECT_THAT(in(box, {"navigator", "back", "--group", applicationOf(box).group}), succeeds());
     EXPECT_TRUE(box.launcher->complained(applicationOf(*second).group + " was asked to leave"));

@@ -102,7 +102,7 @@ TEST_P(RotateTest, ApplicationThatIsNeverDoneIsWaitedForWithinTheLimit)
 {
     const Box box = startNavigated({"ignore=orientation"});
     const Navigated application = applicationOf(box);
-    EXPECT_THAT(in(box, {"rotate", "90", "--limit", "50ms", "--json"}).output,
+    EXPECT_THAT(in(box, {"rotate", "90", "--limit", "1s", "--json"}).output,
                 MatchesRegex(reportOf("90", application.group, "accepted", "none", "true", "90")));
     ASSERT_TRUE(box.launcher->printed("msg::orientationEnd,angle:n:90\n"));
     const std::string id = valueIn(application, "msg::orientation,", "id");
