@@ -36,7 +36,8 @@ double PurchaseApplication::purchase()
 double PurchaseApplication::take(int order)
 {
     m_process.order(order);
-    return static_cast<double>(m_process.await(order));
+    const std::int64_t end = m_process.await(order);
+    return static_cast<double>(end - *m_start);
 }
 
 void PurchaseApplication::run()
@@ -44,7 +45,7 @@ void PurchaseApplication::run()
     PaymentService& payments = *PaymentService::getInstance();
     m_process.exec([this, &payments](int order) {
         m_order = order;
-        m_start = now();
+        *m_start = now();
         if (order == Price)
             payments.requestPrice(good, this, SLOT(onPrice(tamo::platform::PriceResponseInfo)));
         else
@@ -66,8 +67,8 @@ void PurchaseApplication::onPurchase(const tamo::platform::PurchaseResponseInfo&
 // The benchmark awaits what it has ordered, so an error is told by another value.
 void PurchaseApplication::tell(const tamo::platform::PaymentServiceResponse& info)
 {
-    const std::int64_t duration = now() - m_start;
-    m_process.tell(duration, info.error() ? -info.errorCode() : m_order);
+    const std::int64_t end = now();
+    m_process.tell(end, info.error() ? -info.errorCode() : m_order);
 }
 
 } // namespace tamobench

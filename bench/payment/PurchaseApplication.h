@@ -3,12 +3,14 @@
 #define TAMO_BENCH_PURCHASEAPPLICATION_H
 
 #include "ApplicationProcess.h"
+#include "SharedMemory.h"
 
 #include <tamo/platform/PriceResponseInfo.h>
 #include <tamo/platform/PurchaseResponseInfo.h>
 
 #include <QObject>
 
+#include <atomic>
 #include <cstdint>
 
 namespace tamobench {
@@ -42,8 +44,8 @@ private:
     double take(int order);
     void tell(const tamo::platform::PaymentServiceResponse& info);
 
-    std::int64_t m_start = 0; ///< of the application's request
-    int m_order = 0;          ///< what the application was ordered to do last
+    SharedMemory<std::atomic<std::int64_t>> m_start; ///< of the application's request
+    int m_order = 0; ///< what the application was ordered to do last
     ApplicationProcess m_process;
 };
 

@@ -33,7 +33,7 @@ struct PhoneState
     std::optional<std::string> osVersion;
     LedState led;
     std::size_t notifications = 0;      // their number
-    std::optional<int> waitingPayments; // their number
+    std::optional<int> waitingPayments; // their number; nothing: unknown
 
     static PhoneState read();
 };
@@ -86,7 +86,8 @@ void printJson(rapidjson::Document& status, const PhoneState& phone)
     addMember(status, "led", ledToJson(phone.led));
     addMember(status, "notifications", std::to_string(phone.notifications));
     Json payments;
-    payments.startObject().key("waiting").number(phone.waitingPayments.value_or(0));
+    payments.startObject().key("waiting");
+    phone.waitingPayments ? payments.number(*phone.waitingPayments) : payments.null();
     addMember(status, "payments", payments.endObject().text());
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
@@ -121,7 +122,10 @@ void printText(const rapidjson::Document& status, const PhoneState& phone)
     std::printf("device       version %s\n", phone.osVersion.value_or("unknown").c_str());
     std::printf("led          %s\n", ledSummary(phone.led).c_str());
     std::printf("notification %zu posted\n", phone.notifications);
-    std::printf("payment      %d waiting\n", phone.waitingPayments.value_or(0));
+    if (phone.waitingPayments)
+        std::printf("payment      %d waiting\n", *phone.waitingPayments);
+    else
+        std::printf("payment      unknown\n");
 }
 
 } // namespace

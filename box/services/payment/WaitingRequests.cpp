@@ -75,6 +75,12 @@ void WaitingRequests::put(const PaymentRequest& request, const std::string& text
 
 void WaitingRequests::remove(int number)
 {
+    takeOut(number);
+    publishSummary();
+}
+
+void WaitingRequests::takeOut(int number)
+{
     const auto found = m_requests.find(number);
     if (found == m_requests.end())
         return;
@@ -88,7 +94,6 @@ void WaitingRequests::remove(int number)
     }
     m_requests.erase(found);
     m_pages.erase(number);
-    publishSummary();
 }
 
 void WaitingRequests::clientLeft(MailboxServer::Client client, bool isDialog)
@@ -98,7 +103,9 @@ void WaitingRequests::clientLeft(MailboxServer::Client client, bool isDialog)
          i != m_ofClient.end() && std::get<0>(*i) == isDialog && std::get<1>(*i) == client; ++i)
         numbers.push_back(std::get<2>(*i));
     for (const int number : numbers)
-        remove(number);
+        takeOut(number);
+    if (!numbers.empty())
+        publishSummary(); // once, however many there were
 }
 
 std::optional<std::pair<WaitingRequests::Clock::time_point, int>> WaitingRequests::nextDue() const

@@ -69,6 +69,7 @@ public:
     std::optional<std::pair<Clock::time_point, int>> nextDue() const;
 
 private:
+    void takeOut(int number);
     void publishSummary();
 
     Publisher m_summary;

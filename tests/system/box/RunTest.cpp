@@ -201,7 +201,7 @@ TEST_P(RunTest, AServiceIsLeftOutForSomebodyToStandIn)
     const Box box = startIdleWith({"--without", "payment-service", "--without", "led-service"});
     EXPECT_THAT(in(box, {"status"}).output,
                 AllOf(Not(HasSubstr("payment-service")), Not(HasSubstr("led-service")),
-                      HasSubstr("power-service: process")));
+                      HasSubstr("\npayment      unknown\n"), HasSubstr("power-service: process")));
     Process server(tamoBox({"pps", "serve", "services/paymentsystem/control", "--count", "1",
                             "--box", box.name}),
                    GetParam(), "msg::x\n\n");
